@@ -1,0 +1,101 @@
+#include "common/number.h"
+
+#include <QLocale>
+#include <cmath>
+#include <limits>
+
+namespace common {
+namespace {
+
+bool IsBlank(QChar c) {
+    return c == u' ' || c == u'\t';
+}
+bool IsDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+// Length of the longest beginning of `text` (from `pos`) that forms a decimal number,
+// or 0 when none does. Sign, digits, one decimal point, an exponent with its own sign.
+qsizetype NumberLength(QStringView text, qsizetype pos) {
+    const qsizetype start = pos;
+    const qsizetype n = text.size();
+    if (pos < n && (text[pos] == u'+' || text[pos] == u'-')) ++pos;
+    qsizetype digits = 0;
+    while (pos < n && IsDigit(text[pos])) ++pos, ++digits;
+    if (pos < n && text[pos] == u'.') {
+        ++pos;
+        while (pos < n && IsDigit(text[pos])) ++pos, ++digits;
+    }
+    if (digits == 0) return 0;
+    qsizetype end = pos;
+    if (pos < n && (text[pos] == u'e' || text[pos] == u'E')) {
+        qsizetype e = pos + 1;
+        if (e < n && (text[e] == u'+' || text[e] == u'-')) ++e;
+        qsizetype expDigits = 0;
+        while (e < n && IsDigit(text[e])) ++e, ++expDigits;
+        if (expDigits > 0) end = e;
+    }
+    return end - start;
+}
+
+double Parse(QStringView number) {
+    bool ok = false;
+    double v = number.toDouble(&ok);
+    if (ok) return v;
+    // toDouble refuses "5." and out-of-range exponents; take what it can and saturate.
+    QString copy = number.toString();
+    if (copy.endsWith(u'.')) copy.chop(1);
+    v = copy.toDouble(&ok);
+    if (ok) return v;
+    const bool negative = number.startsWith(u'-');
+    const qsizetype e = number.indexOf(u'e', 0, Qt::CaseInsensitive);
+    const bool tiny = e >= 0 && number.mid(e + 1).startsWith(u'-');
+    if (tiny) return negative ? -0.0 : 0.0;
+    return negative ? -std::numeric_limits<double>::infinity()
+                    : std::numeric_limits<double>::infinity();
+}
+
+}  // namespace
+
+double LeadingNumber(QStringView text) {
+    qsizetype pos = 0;
+    while (pos < text.size() && IsBlank(text[pos])) ++pos;
+    const qsizetype len = NumberLength(text, pos);
+    if (len == 0) return 0.0;
+    return Parse(text.mid(pos, len));
+}
+
+std::optional<double> WholeNumber(QStringView text) {
+    qsizetype pos = 0;
+    qsizetype end = text.size();
+    while (pos < end && IsBlank(text[pos])) ++pos;
+    while (end > pos && IsBlank(text[end - 1])) --end;
+    if (pos == end) return std::nullopt;
+    if (NumberLength(text, pos) != end - pos) return std::nullopt;
+    return Parse(text.mid(pos, end - pos));
+}
+
+double RoundHalfEven(double value) {
+    if (!std::isfinite(value)) return value;
+    double r = std::nearbyint(value);  // the default rounding mode is to nearest, ties to even
+    return r == 0.0 ? 0.0 : r;         // no negative zero in what we print
+}
+
+std::optional<std::int16_t> ToInt16(double value) {
+    const double r = RoundHalfEven(value);
+    if (!std::isfinite(r) || r < -32768.0 || r > 32767.0) return std::nullopt;
+    return static_cast<std::int16_t>(r);
+}
+
+std::optional<std::int16_t> LeadingInt16(QStringView text) {
+    return ToInt16(LeadingNumber(text));
+}
+
+QString NumberText(double value) {
+    if (value == 0.0) return QStringLiteral("0");
+    if (std::isfinite(value) && value == std::trunc(value) && std::fabs(value) < 1e15)
+        return QString::number(static_cast<long long>(value));
+    return QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
+}  // namespace common

@@ -1,0 +1,404 @@
+#include "gui/control.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTextEdit>
+
+#include "gui/widgets.h"
+
+namespace gui {
+namespace {
+
+using detail::ApplyColours;
+using detail::FontFor;
+
+Qt::Alignment AlignmentOf(Align align) {
+    switch (align) {
+        case Align::Centre:
+            return Qt::AlignHCenter;
+        case Align::Right:
+            return Qt::AlignRight;
+        case Align::Left:
+            break;
+    }
+    return Qt::AlignLeft;
+}
+
+// The top-level window: closing goes through the query-unload handler, which may refuse.
+class FormWindow : public QWidget {
+  public:
+    std::function<void(int&, int&)> queryUnload;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override {
+        int cancel = 0;
+        int mode = 0;
+        if (queryUnload) queryUnload(cancel, mode);
+        if (cancel != 0)
+            event->ignore();
+        else
+            event->accept();
+    }
+};
+
+}  // namespace
+
+// ---- Control --------------------------------------------------------------------------
+
+QString Control::Name() const {
+    return widget_ ? widget_->objectName() : QString();
+}
+bool Control::Visible() const {
+    return widget_ && !widget_->isHidden();
+}
+void Control::setVisible(bool visible) {
+    widget_->setVisible(visible);
+}
+bool Control::Enabled() const {
+    return widget_->isEnabled();
+}
+void Control::setEnabled(bool enabled) {
+    widget_->setEnabled(enabled);
+}
+int Control::Left() const {
+    return PixelsToTwips(widget_->x());
+}
+int Control::Top() const {
+    return PixelsToTwips(widget_->y());
+}
+void Control::setLeft(int twips) {
+    widget_->move(TwipsToPixels(twips), widget_->y());
+}
+void Control::setTop(int twips) {
+    widget_->move(widget_->x(), TwipsToPixels(twips));
+}
+void Control::SetFocus() {
+    widget_->setFocus(Qt::OtherFocusReason);
+}
+bool Control::HasFocus() const {
+    return widget_->hasFocus() || widget_->isAncestorOf(QApplication::focusWidget());
+}
+
+void Control::adopt(QWidget* widget, Control& parent, const QString& name, const Look& look) {
+    widget_ = widget;
+    if (parent.widget_) widget->setParent(parent.widget_);
+    widget->setObjectName(name);
+    widget->setGeometry(TwipsToPixels(look.left), TwipsToPixels(look.top),
+                        TwipsToPixels(look.width), TwipsToPixels(look.height));
+    widget->setFont(FontFor(look));
+    widget->setEnabled(look.enabled);
+    if (!look.toolTip.isEmpty()) widget->setToolTip(look.toolTip);
+    const QString spoken = look.accessibleName.isEmpty() ? look.caption : look.accessibleName;
+    if (!spoken.isEmpty()) widget->setAccessibleName(spoken);
+    if (!look.visible) widget->hide();
+}
+
+// ---- Form -----------------------------------------------------------------------------
+
+Form::Form() = default;
+Form::~Form() {
+    delete widget_;
+}
+
+void Form::create(const QString& name, const Look& look, const QString& iconResource) {
+    auto* window = new FormWindow;
+    window->setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+    Control none;
+    adopt(window, none, name, look);
+    window->setFixedSize(TwipsToPixels(look.width), TwipsToPixels(look.height));
+    window->setWindowTitle(look.caption);
+    if (!iconResource.isEmpty()) window->setWindowIcon(QIcon(iconResource));
+}
+
+QString Form::Caption() const {
+    return widget_->windowTitle();
+}
+
+void Form::onQueryUnload(std::function<void(int&, int&)> handler) {
+    static_cast<FormWindow*>(widget_)->queryUnload = std::move(handler);
+}
+
+void Form::Show() {
+    widget_->show();
+}
+void Form::Close() {
+    widget_->close();
+}
+
+// ---- Frame ----------------------------------------------------------------------------
+
+void Frame::create(Control& parent, const QString& name, const Look& look) {
+    auto* box = new QGroupBox;
+    adopt(box, parent, name, look);
+    box->setTitle(look.caption);
+    box->setFlat(false);
+    ApplyColours(box, look, QPalette::WindowText, QPalette::Window);
+    tag_ = look.tag;
+}
+
+QString Frame::Caption() const {
+    return static_cast<QGroupBox*>(widget_)->title();
+}
+void Frame::setCaption(const QString& caption) {
+    static_cast<QGroupBox*>(widget_)->setTitle(caption);
+}
+
+// ---- Label ----------------------------------------------------------------------------
+
+void Label::create(Control& parent, const QString& name, const Look& look) {
+    auto* label = new QLabel;
+    adopt(label, parent, name, look);
+    label->setText(look.caption);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(AlignmentOf(look.align) | Qt::AlignTop);
+    ApplyColours(label, look, QPalette::WindowText, QPalette::Window);
+}
+
+QString Label::Caption() const {
+    return static_cast<QLabel*>(widget_)->text();
+}
+void Label::setCaption(const QString& caption) {
+    static_cast<QLabel*>(widget_)->setText(caption);
+}
+
+// ---- TextBox --------------------------------------------------------------------------
+
+void TextBox::create(Control& parent, const QString& name, const Look& look) {
+    tag_ = look.tag;
+    if (look.multiLine) {
+        multi_ = new QTextEdit;
+        adopt(multi_, parent, name, look);
+        multi_->setAcceptRichText(false);
+        multi_->setTabChangesFocus(true);
+        QTextOption option = multi_->document()->defaultTextOption();
+        option.setAlignment(AlignmentOf(look.align));
+        multi_->document()->setDefaultTextOption(option);
+        if (look.scrollBars) {
+            multi_->setLineWrapMode(QTextEdit::NoWrap);
+            multi_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+            multi_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        } else {
+            multi_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+            multi_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        }
+        ApplyColours(multi_, look, QPalette::Text, QPalette::Base);
+        setText(look.caption);
+        return;
+    }
+    line_ = new QLineEdit;
+    adopt(line_, parent, name, look);
+    line_->setAlignment(AlignmentOf(look.align) | Qt::AlignVCenter);
+    if (look.maxLength > 0) line_->setMaxLength(look.maxLength);
+    ApplyColours(line_, look, QPalette::Text, QPalette::Base);
+    line_->setText(look.caption);
+    line_->setCursorPosition(0);
+}
+
+QString TextBox::Text() const {
+    if (line_) return line_->text();
+    QString text = multi_->toPlainText();
+    text.replace(u'\n', QStringLiteral("\r\n"));
+    return text;
+}
+
+void TextBox::setText(const QString& text) {
+    if (line_) {
+        line_->setText(text);
+        return;
+    }
+    QString plain = text;
+    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    multi_->setPlainText(plain);
+}
+
+int TextBox::MaxLength() const {
+    return line_ && line_->maxLength() < 32767 ? line_->maxLength() : 0;
+}
+
+void TextBox::setSelStart(int start) {
+    if (line_) line_->setCursorPosition(start);
+}
+
+void TextBox::setSelLength(int length) {
+    if (line_) line_->setSelection(line_->cursorPosition(), length);
+}
+
+void TextBox::onKeyPress(KeyHandler handler) {
+    widget_->installEventFilter(new detail::KeyFilter(widget_, std::move(handler)));
+}
+
+// ---- ComboBox -------------------------------------------------------------------------
+
+void ComboBox::create(Control& parent, const QString& name, const Look& look) {
+    box_ = new QComboBox;
+    adopt(box_, parent, name, look);
+    box_->setEditable(true);
+    box_->setCompleter(nullptr);
+    box_->setInsertPolicy(QComboBox::NoInsert);
+    box_->setMaxVisibleItems(24);
+    box_->setEditText(look.caption);
+    tag_ = look.tag;
+    QObject::connect(box_, &QComboBox::activated, box_, [this](int index) { listIndex_ = index; });
+    QObject::connect(box_->lineEdit(), &QLineEdit::textEdited, box_,
+                     [this](const QString&) { listIndex_ = -1; });
+}
+
+QString ComboBox::Text() const {
+    return box_->currentText();
+}
+
+void ComboBox::setText(const QString& text) {
+    box_->setEditText(text);
+    listIndex_ = -1;
+}
+
+void ComboBox::setSelText(const QString& text) {
+    box_->lineEdit()->insert(text);
+    listIndex_ = -1;
+}
+
+void ComboBox::Clear() {
+    box_->clear();
+    box_->setEditText(QString());
+    listIndex_ = -1;
+}
+
+void ComboBox::AddItem(const QString& item) {
+    // QComboBox selects the first item added to an empty box; this box must not.
+    const QString text = box_->currentText();
+    box_->addItem(item);
+    if (listIndex_ < 0 && box_->currentIndex() >= 0) {
+        box_->setCurrentIndex(-1);
+        box_->setEditText(text);
+    }
+}
+
+int ComboBox::ListCount() const {
+    return box_->count();
+}
+QString ComboBox::List(int index) const {
+    return box_->itemText(index);
+}
+
+void ComboBox::setListIndex(int index) {
+    box_->setCurrentIndex(index);
+    listIndex_ = box_->currentIndex();
+}
+
+void ComboBox::onKeyPress(KeyHandler handler) {
+    box_->lineEdit()->installEventFilter(new detail::KeyFilter(box_, std::move(handler)));
+}
+
+// ---- OptionButton, CheckBox -----------------------------------------------------------
+
+void OptionButton::create(Control& parent, const QString& name, const Look& look) {
+    auto* option = new QRadioButton(look.caption);
+    adopt(option, parent, name, look);
+}
+
+bool OptionButton::Value() const {
+    return static_cast<QRadioButton*>(widget_)->isChecked();
+}
+
+void OptionButton::setValue(bool selected) {
+    auto* option = static_cast<QRadioButton*>(widget_);
+    if (selected) {
+        option->setChecked(true);
+        return;
+    }
+    option->setAutoExclusive(false);
+    option->setChecked(false);
+    option->setAutoExclusive(true);
+}
+
+void CheckBox::create(Control& parent, const QString& name, const Look& look) {
+    auto* box = new QCheckBox(look.caption);
+    adopt(box, parent, name, look);
+    box->setChecked(look.checked);
+}
+
+int CheckBox::Value() const {
+    return static_cast<QCheckBox*>(widget_)->isChecked() ? 1 : 0;
+}
+void CheckBox::setValue(int value) {
+    static_cast<QCheckBox*>(widget_)->setChecked(value != 0);
+}
+
+void CheckBox::onClick(Handler handler) {
+    QObject::connect(static_cast<QCheckBox*>(widget_), &QCheckBox::clicked, widget_,
+                     [h = std::move(handler)](bool) { h(); });
+}
+
+// ---- Button, ListBox, Image, Line -----------------------------------------------------
+
+void Button::create(Control& parent, const QString& name, const Look& look) {
+    auto* button = new detail::PictureButton(nullptr);
+    adopt(button, parent, name, look);
+    button->setText(look.caption);
+    button->setAutoDefault(false);
+    if (!look.picture.isEmpty()) {
+        button->setIcon(QIcon(look.picture));
+        button->setIconSize(QSize(16, 16));
+    }
+}
+
+QString Button::Caption() const {
+    return static_cast<QAbstractButton*>(widget_)->text();
+}
+
+void Button::onClick(Handler handler) {
+    QObject::connect(static_cast<QAbstractButton*>(widget_), &QAbstractButton::clicked, widget_,
+                     [h = std::move(handler)](bool) { h(); });
+}
+
+void Button::Click() {
+    if (widget_->isEnabled()) static_cast<QAbstractButton*>(widget_)->click();
+}
+
+void ListBox::create(Control& parent, const QString& name, const Look& look) {
+    adopt(new QListWidget, parent, name, look);
+}
+
+int ListBox::ListCount() const {
+    return static_cast<QListWidget*>(widget_)->count();
+}
+
+void Image::create(Control& parent, const QString& name, const Look& look) {
+    auto* label = new QLabel;
+    adopt(label, parent, name, look);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    if (!look.picture.isEmpty()) label->setPixmap(QPixmap(look.picture));
+}
+
+void Line::create(Control& parent, const QString& name, int x1, int y1, int x2, int y2) {
+    auto* line = new QFrame;
+    const bool vertical = x1 == x2;
+    Look look{.left = qMin(x1, x2),
+              .top = qMin(y1, y2),
+              .width = vertical ? 30 : qAbs(x2 - x1),
+              .height = vertical ? qAbs(y2 - y1) : 30};
+    adopt(line, parent, name, look);
+    line->setFrameShape(vertical ? QFrame::VLine : QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    line->setFocusPolicy(Qt::NoFocus);
+}
+
+void TabOrder(std::initializer_list<Control*> controls) {
+    QWidget* before = nullptr;
+    for (Control* c : controls) {
+        if (before) QWidget::setTabOrder(before, c->widget());
+        before = c->widget();
+    }
+}
+
+}  // namespace gui

@@ -1,0 +1,174 @@
+#pragma once
+// The plain controls of the form, each a thin handle on one Qt widget, offering the
+// operations that the wizard's logic needs and nothing more. The widgets belong to their
+// parent; a handle never deletes one.
+
+#include <QString>
+#include <functional>
+#include <initializer_list>
+
+#include "gui/look.h"
+
+class QWidget;
+class QLabel;
+class QGroupBox;
+class QLineEdit;
+class QTextEdit;
+class QComboBox;
+class QRadioButton;
+class QCheckBox;
+class QAbstractButton;
+class QListWidget;
+
+namespace gui {
+
+using Handler = std::function<void()>;
+using KeyHandler = std::function<void(int keyCode)>;
+
+// Common ground of every control: its widget, name, place, visibility, enabled state.
+class Control {
+  public:
+    QWidget* widget() const { return widget_; }
+    QString Name() const;
+
+    bool Visible() const;  // its own visible state, whatever its container does
+    void setVisible(bool visible);
+    bool Enabled() const;
+    void setEnabled(bool enabled);
+    int Left() const;  // twips, relative to the container
+    int Top() const;
+    void setLeft(int twips);
+    void setTop(int twips);
+    void SetFocus();
+    bool HasFocus() const;
+
+  protected:
+    void adopt(QWidget* widget, Control& parent, const QString& name, const Look& look);
+    QWidget* widget_ = nullptr;
+};
+
+// The top-level window. Closing asks the query-unload handler, which may refuse.
+class Form : public Control {
+  public:
+    Form();
+    ~Form();
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    void create(const QString& name, const Look& look, const QString& iconResource);
+    QString Caption() const;
+    void onQueryUnload(std::function<void(int& cancel, int& unloadMode)> handler);
+    void Show();
+    void Close();  // asks, as the close box does
+};
+
+// A container with a title and a free text tag.
+class Frame : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    QString Caption() const;
+    void setCaption(const QString& caption);
+    QString Tag() const { return tag_; }
+    void setTag(const QString& tag) { tag_ = tag; }
+
+  private:
+    QString tag_;
+};
+
+class Label : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    QString Caption() const;
+    void setCaption(const QString& caption);
+};
+
+// Single- or multi-line text box. The multi-line box holds CR LF between lines, as the
+// file wants it; the conversion to the widget's own line breaks happens here.
+class TextBox : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    QString Text() const;
+    void setText(const QString& text);
+    int MaxLength() const;
+    QString Tag() const { return tag_; }
+    void setTag(const QString& tag) { tag_ = tag; }
+    void setSelStart(int start);
+    void setSelLength(int length);
+    void onKeyPress(KeyHandler handler);  // keys that give a character; Enter is 13
+
+  private:
+    QLineEdit* line_ = nullptr;
+    QTextEdit* multi_ = nullptr;
+    QString tag_;
+};
+
+// Editable drop-down. Unlike a plain QComboBox it completes nothing, inserts nothing on
+// Enter and selects nothing by itself: ListIndex stays -1 until the user picks an item.
+class ComboBox : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    QString Text() const;
+    void setText(const QString& text);
+    void setSelText(const QString& text);  // replaces the selection, or inserts at the cursor
+    void Clear();                          // list and text
+    void AddItem(const QString& item);
+    int ListCount() const;
+    QString List(int index) const;
+    int ListIndex() const { return listIndex_; }
+    void setListIndex(int index);  // as the user picking an item
+    QString Tag() const { return tag_; }
+    void setTag(const QString& tag) { tag_ = tag; }
+    void onKeyPress(KeyHandler handler);
+
+  private:
+    QComboBox* box_ = nullptr;
+    int listIndex_ = -1;
+    QString tag_;
+};
+
+class OptionButton : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    bool Value() const;
+    void setValue(bool selected);
+};
+
+class CheckBox : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    int Value() const;  // 0 clear, 1 ticked
+    void setValue(int value);
+    void onClick(Handler handler);  // after the value has changed, by the user only
+};
+
+// A push button with an optional picture above its caption.
+class Button : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    QString Caption() const;
+    void onClick(Handler handler);
+    void Click();  // as the user pressing it, when enabled
+};
+
+class ListBox : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+    int ListCount() const;
+};
+
+// A still picture (Look::picture), no logic.
+class Image : public Control {
+  public:
+    void create(Control& parent, const QString& name, const Look& look);
+};
+
+// A straight line between two points of its container, in twips.
+class Line : public Control {
+  public:
+    void create(Control& parent, const QString& name, int x1, int y1, int x2, int y2);
+};
+
+// Sets the order in which Tab visits the controls.
+void TabOrder(std::initializer_list<Control*> controls);
+
+}  // namespace gui

@@ -1,0 +1,115 @@
+#include "gui/dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "gui/seams_state.h"
+
+namespace gui {
+namespace {
+
+QMessageBox::Icon IconOf(int style) {
+    switch (style & 0x70) {
+        case kCritical:
+            return QMessageBox::Critical;
+        case 32:
+            return QMessageBox::Question;
+        case kExclamation:
+            return QMessageBox::Warning;
+        case kInformation:
+            return QMessageBox::Information;
+        default:
+            return QMessageBox::NoIcon;
+    }
+}
+
+struct ButtonSet {
+    std::vector<std::pair<QMessageBox::StandardButton, int>> buttons;
+};
+
+ButtonSet ButtonsOf(int style) {
+    switch (style & 0x7) {
+        case 1:
+            return {{{QMessageBox::Ok, kAnswerOk}, {QMessageBox::Cancel, kAnswerCancel}}};
+        case 3:
+            return {{{QMessageBox::Yes, kAnswerYes},
+                     {QMessageBox::No, kAnswerNo},
+                     {QMessageBox::Cancel, kAnswerCancel}}};
+        case kYesNo:
+            return {{{QMessageBox::Yes, kAnswerYes}, {QMessageBox::No, kAnswerNo}}};
+        default:
+            return {{{QMessageBox::Ok, kAnswerOk}}};
+    }
+}
+
+// "name|pattern|name|pattern" as Qt's "name (pattern);;name (pattern)".
+QString QtFilter(const QString& filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList entries;
+    for (int i = 0; i + 1 < parts.size(); i += 2)
+        entries << QStringLiteral("%1 (%2)").arg(parts[i],
+                                                 QString(parts[i + 1]).replace(u';', u' '));
+    return entries.join(QStringLiteral(";;"));
+}
+
+}  // namespace
+
+int MsgBox(const QString& text, int style, const QString& title) {
+    auto& seams = detail::Seams();
+    seams.msgBoxCalls.push_back({text, style, title});
+    if (!seams.msgBoxAnswers.empty()) {
+        const int answer = seams.msgBoxAnswers.front();
+        seams.msgBoxAnswers.pop_front();
+        return answer;
+    }
+    if (seams.testMode) {  // a headless test would wait for ever on a real dialog
+        ++seams.unanswered;
+        return (style & 0x7) == kYesNo ? kAnswerNo : kAnswerOk;
+    }
+    QMessageBox box(IconOf(style), title, text, QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    const ButtonSet set = ButtonsOf(style);
+    int defaultIndex = (style >> 8) & 0x3;
+    for (size_t i = 0; i < set.buttons.size(); ++i) {
+        QPushButton* b = box.addButton(set.buttons[i].first);
+        if (static_cast<int>(i) == defaultIndex) box.setDefaultButton(b);
+    }
+    box.exec();
+    const auto clicked = box.standardButton(box.clickedButton());
+    for (const auto& [button, answer] : set.buttons)
+        if (button == clicked) return answer;
+    // Closed by the window's own close box: the answer of the last button, as Escape gives.
+    return set.buttons.size() == 1 ? kAnswerOk : set.buttons.back().second;
+}
+
+bool SaveDialog::ShowSave() {
+    auto& seams = detail::Seams();
+    seams.saveCalls.push_back({DialogTitle, Filter, FileName, OverwritePrompt});
+    if (!seams.saveAnswers.empty()) {
+        const std::optional<QString> answer = seams.saveAnswers.front();
+        seams.saveAnswers.pop_front();
+        if (!answer) return false;
+        FileName = *answer;
+        return true;
+    }
+    if (seams.testMode) {
+        ++seams.unanswered;
+        return false;
+    }
+    QFileDialog dialog(QApplication::activeWindow(), DialogTitle);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontUseNativeDialog, true);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !OverwritePrompt);
+    dialog.setNameFilter(QtFilter(Filter));
+    dialog.selectFile(FileName);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    const QStringList chosen = dialog.selectedFiles();
+    if (chosen.isEmpty()) return false;
+    FileName = chosen.first();
+    return true;
+}
+
+}  // namespace gui

@@ -1,0 +1,70 @@
+#include "gui/grid_model.h"
+
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace gui {
+
+GridModel::GridModel(int cols, std::vector<Qt::Alignment> alignments)
+    : cols_(cols), alignments_(std::move(alignments)) {
+    cells_.assign(2, std::vector<QString>(cols));
+}
+
+void GridModel::SetCell(int row, int col, const QString& text) {
+    cells_[row][col] = text;
+    if (row == 0 && col > 0) {
+        emit headerDataChanged(Qt::Horizontal, col - 1, col - 1);
+    } else if (col == 0 && row > 0) {
+        emit headerDataChanged(Qt::Vertical, row - 1, row - 1);
+    } else if (row > 0) {
+        const QModelIndex i = index(row - 1, col - 1);
+        emit dataChanged(i, i, {Qt::DisplayRole});
+    }
+}
+
+void GridModel::InsertRow(int before, std::vector<QString> cells) {
+    cells.resize(cols_);
+    beginInsertRows({}, before - 1, before - 1);
+    cells_.insert(cells_.begin() + before, std::move(cells));
+    endInsertRows();
+}
+
+void GridModel::RemoveRow(int row) {
+    beginRemoveRows({}, row - 1, row - 1);
+    cells_.erase(cells_.begin() + row);
+    endRemoveRows();
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : Rows() - 1;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : cols_ - 1;
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
+        return cells_[index.row() + 1][index.column() + 1];
+    if (role == Qt::BackgroundRole) return QGuiApplication::palette().base();
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(alignments_[index.column() + 1] | Qt::AlignVCenter);
+    return {};
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role != Qt::DisplayRole) return {};
+    if (orientation == Qt::Horizontal) {
+        if (section < 0 || section + 1 >= cols_) return {};
+        return cells_[0][section + 1];
+    }
+    if (section < 0 || section + 1 >= Rows()) return {};
+    return cells_[section + 1][0];
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+}
+
+}  // namespace gui

@@ -1,0 +1,107 @@
+#include "gui/grid_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "gui/widgets.h"
+
+namespace gui {
+
+GridView::GridView(QWidget* parent) : QTableView(parent) {}
+
+int GridView::anchorRow() const {
+    return extended_ ? anchorRow_ : qMax(0, currentIndex().row());
+}
+int GridView::anchorCol() const {
+    return extended_ ? anchorCol_ : qMax(0, currentIndex().column());
+}
+int GridView::farRow() const {
+    return qMax(0, currentIndex().row());
+}
+
+void GridView::extendTo(int bodyRow) {
+    const int row = anchorRow();
+    const int col = anchorCol();
+    extending_ = true;
+    const QModelIndex far = model()->index(bodyRow, col);
+    selectionModel()->setCurrentIndex(far, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(
+        QItemSelection(model()->index(qMin(row, bodyRow), 0),
+                       model()->index(qMax(row, bodyRow), model()->columnCount() - 1)),
+        QItemSelectionModel::ClearAndSelect);
+    extending_ = false;
+    anchorRow_ = row;
+    anchorCol_ = col;
+    extended_ = true;
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    if (extending_ && !extended_) {
+        anchorRow_ = qMax(0, previous.row());
+        anchorCol_ = qMax(0, previous.column());
+        extended_ = true;
+    } else if (!extending_) {
+        extended_ = false;
+    }
+    QTableView::currentChanged(current, previous);
+}
+
+void GridView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
+    extended_ = false;
+    QTableView::rowsAboutToBeRemoved(parent, start, end);
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
+    extending_ = shift;
+    QTableView::mousePressEvent(event);
+    extending_ = false;
+    pressed_ = event->button() == Qt::LeftButton;
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    extending_ = pressed_ && (event->buttons() & Qt::LeftButton);
+    QTableView::mouseMoveEvent(event);
+    extending_ = false;
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    const bool wasPressed = pressed_;
+    pressed_ = false;
+    if (afterDoubleClick_) {
+        afterDoubleClick_ = false;
+        return;
+    }
+    if (wasPressed && event->button() == Qt::LeftButton && click) click();
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    QTableView::mouseDoubleClickEvent(event);
+    pressed_ = false;
+    afterDoubleClick_ = true;
+    if (event->button() == Qt::LeftButton && dblClick &&
+        indexAt(event->position().toPoint()).isValid())
+        dblClick();
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    const int code = detail::KeyCodeOf(*event);
+    if (code != 0) {
+        if (keyPress) keyPress(code);
+        event->accept();
+        return;
+    }
+    extending_ = event->modifiers() & Qt::ShiftModifier;
+    QTableView::keyPressEvent(event);
+    extending_ = false;
+}
+
+int GridStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* returnData) const {
+    if (hint == SH_Table_GridLineColor) return static_cast<int>(qRgb(0xC0, 0xC0, 0xC0));
+    return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
+}  // namespace gui

@@ -1,0 +1,89 @@
+#include "gui/picture.h"
+
+#include <QHideEvent>
+#include <QImage>
+#include <QPainter>
+
+#include "gui/widgets.h"
+
+namespace gui {
+
+// The surface behind `Picture`. What is drawn lands in a buffer that lives only while the
+// surface is on screen; hiding the surface (or its page) drops it.
+class PictureView : public QWidget {
+  public:
+    QColor back = QColor(0xE0, 0xE0, 0xE0);
+    QColor fore = Qt::black;
+    double scaleWidth = 1.0;
+    double scaleHeight = 1.0;
+
+    void Box(double x1, double y1, double x2, double y2) {
+        if (!isVisible()) return;  // nothing stays of a drawing nobody could see
+        if (buffer_.size() != size()) {
+            buffer_ = QImage(size(), QImage::Format_RGB32);
+            buffer_.fill(back);
+        }
+        const int left = ToPixelX(qMin(x1, x2));
+        const int right = ToPixelX(qMax(x1, x2));
+        const int top = ToPixelY(qMin(y1, y2));
+        const int bottom = ToPixelY(qMax(y1, y2));
+        QPainter p(&buffer_);
+        p.fillRect(QRect(QPoint(left, top), QPoint(right, bottom)), fore);
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter p(this);
+        if (buffer_.isNull())
+            p.fillRect(rect(), back);
+        else
+            p.drawImage(0, 0, buffer_);
+    }
+    void hideEvent(QHideEvent* event) override {
+        buffer_ = QImage();
+        QWidget::hideEvent(event);
+    }
+
+  private:
+    int ToPixelX(double x) const {
+        return qBound(0, static_cast<int>(x * width() / scaleWidth), width() - 1);
+    }
+    int ToPixelY(double y) const {
+        return qBound(0, static_cast<int>(y * height() / scaleHeight), height() - 1);
+    }
+    QImage buffer_;
+};
+
+void Picture::create(Control& parent, const QString& name, const Look& look, double scaleWidth,
+                     double scaleHeight) {
+    view_ = new PictureView;
+    adopt(view_, parent, name, look);
+    view_->scaleWidth = scaleWidth;
+    view_->scaleHeight = scaleHeight;
+    if (look.back != kDefaultColour) view_->back = detail::ColourOf(look.back);
+    if (look.fore != kDefaultColour) view_->fore = detail::ColourOf(look.fore);
+    view_->setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+int Picture::ForeColor() const {
+    const QColor c = view_->fore;
+    return c.red() + 256 * c.green() + 65536 * c.blue();
+}
+
+void Picture::setForeColor(int colour) {
+    view_->fore = QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+}
+
+double Picture::ScaleWidth() const {
+    return view_->scaleWidth;
+}
+double Picture::ScaleHeight() const {
+    return view_->scaleHeight;
+}
+
+void Picture::Line(double x1, double y1, double x2, double y2) {
+    view_->Box(x1, y1, x2, y2);
+}
+
+}  // namespace gui

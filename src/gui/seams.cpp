@@ -1,0 +1,84 @@
+#include "gui/seams.h"
+
+#include <QCoreApplication>
+#include <deque>
+
+#include "gui/dialogs.h"
+#include "gui/seams_state.h"
+#include "gui/system.h"
+
+namespace gui {
+namespace detail {
+
+SeamState& Seams() {
+    static SeamState state;
+    return state;
+}
+
+}  // namespace detail
+
+QDateTime Now() {
+    const auto& s = detail::Seams();
+    return s.fixedClock ? *s.fixedClock : QDateTime::currentDateTime();
+}
+
+void EndProgram() {
+    auto& s = detail::Seams();
+    s.endRequested = true;
+    if (!s.testMode) QCoreApplication::exit(0);
+}
+
+}  // namespace gui
+
+namespace gui::seams {
+
+using detail::Seams;
+
+void QueueMsgBoxAnswer(int answer) {
+    Seams().testMode = true;
+    Seams().msgBoxAnswers.push_back(answer);
+}
+
+void QueueSaveAnswer(std::optional<QString> path) {
+    Seams().testMode = true;
+    Seams().saveAnswers.push_back(std::move(path));
+}
+
+const std::vector<MsgBoxCall>& MsgBoxCalls() {
+    return Seams().msgBoxCalls;
+}
+const std::vector<SaveDialogCall>& SaveDialogCalls() {
+    return Seams().saveCalls;
+}
+
+int PendingAnswers() {
+    return static_cast<int>(Seams().msgBoxAnswers.size() + Seams().saveAnswers.size());
+}
+
+int UnansweredCalls() {
+    return Seams().unanswered;
+}
+
+void FixClock(const QDateTime& when) {
+    Seams().fixedClock = when;
+}
+void FreeClock() {
+    Seams().fixedClock.reset();
+}
+bool EndRequested() {
+    return Seams().endRequested;
+}
+
+void Reset() {
+    auto& s = Seams();
+    s.msgBoxAnswers.clear();
+    s.saveAnswers.clear();
+    s.msgBoxCalls.clear();
+    s.saveCalls.clear();
+    s.fixedClock.reset();
+    s.endRequested = false;
+    s.unanswered = 0;
+    s.testMode = true;
+}
+
+}  // namespace gui::seams

@@ -1,0 +1,44 @@
+#pragma once
+// Seams for tests: answers for modal dialogs, a fixed clock, and the record of
+// "end the program". A test fills the queues before it acts, and checks afterwards that
+// every answer was used.
+
+#include <QDateTime>
+#include <QString>
+#include <optional>
+#include <vector>
+
+namespace gui::seams {
+
+struct MsgBoxCall {
+    QString text;
+    int style = 0;
+    QString title;
+};
+
+struct SaveDialogCall {
+    QString title;
+    QString filter;
+    QString presetName;
+    bool overwritePrompt = false;
+};
+
+// Message box: the next answer pressed (kAnswerYes, kAnswerNo, kAnswerOk ...).
+void QueueMsgBoxAnswer(int answer);
+// Save dialog: the chosen path, or nothing for a cancel.
+void QueueSaveAnswer(std::optional<QString> path);
+
+const std::vector<MsgBoxCall>& MsgBoxCalls();
+const std::vector<SaveDialogCall>& SaveDialogCalls();
+int PendingAnswers();   // answers queued and not used yet
+int UnansweredCalls();  // dialogs that came up in a test with no answer queued
+
+void FixClock(const QDateTime& when);
+void FreeClock();
+
+bool EndRequested();
+
+// Empties the queues and records, frees the clock and forgets an end request.
+void Reset();
+
+}  // namespace gui::seams

@@ -1,0 +1,179 @@
+#include "gui/testing.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTest>
+#include <QTextEdit>
+
+#include "gui/grid_model.h"
+#include "gui/grid_view.h"
+#include "gui/look.h"
+
+namespace gui::testing {
+namespace {
+
+QPoint CellCentre(Grid& grid, int row, int col) {
+    GridView* view = grid.view();
+    const QModelIndex index = grid.model()->index(row - 1, col - 1);
+    view->scrollTo(index);
+    return view->visualRect(index).center();
+}
+
+QWidget* KeyTarget(QWidget* widget) {
+    if (auto* combo = qobject_cast<QComboBox*>(widget); combo && combo->lineEdit())
+        return combo->lineEdit();
+    return widget;
+}
+
+}  // namespace
+
+void ClickCell(Grid& grid, int row, int col) {
+    QTest::mouseClick(grid.view()->viewport(), Qt::LeftButton, {}, CellCentre(grid, row, col));
+}
+
+void DoubleClickCell(Grid& grid, int row, int col) {
+    const QPoint at = CellCentre(grid, row, col);
+    QWidget* viewport = grid.view()->viewport();
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, at);
+    QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
+}
+
+void DragRows(Grid& grid, int fromRow, int toRow, int col) {
+    QWidget* viewport = grid.view()->viewport();
+    const QPoint from = CellCentre(grid, fromRow, col);
+    const QPoint to = CellCentre(grid, toRow, col);
+    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, QPointF(to), viewport->mapToGlobal(QPointF(to)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(viewport, &move);
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
+}
+
+void ClickEmptyArea(Grid& grid) {
+    QWidget* viewport = grid.view()->viewport();
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(2, viewport->height() - 2));
+}
+
+QAbstractItemModel* ModelOf(Grid& grid) {
+    return grid.model();
+}
+
+void Click(Control& control) {
+    QWidget* w = control.widget();
+    QTest::mouseClick(w, Qt::LeftButton, {}, w->rect().center());
+}
+
+void TypeText(Control& control, const QString& text) {
+    QTest::keyClicks(KeyTarget(control.widget()), text);
+}
+
+void PressKey(Control& control, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(KeyTarget(control.widget()), key, modifiers);
+}
+
+void PickItem(ComboBox& box, int index) {
+    auto* combo = static_cast<QComboBox*>(box.widget());
+    combo->setCurrentIndex(index);
+    emit combo->activated(index);
+}
+
+void CloseBox(Form& form) {
+    form.widget()->close();
+}
+
+QImage Grab(Control& control) {
+    return control.widget()->grab().toImage();
+}
+bool ShownOnScreen(const Control& control) {
+    return control.widget()->isVisible();
+}
+bool HasFocus(const Control& control) {
+    QWidget* focus = QApplication::focusWidget();
+    return focus && (focus == control.widget() || control.widget()->isAncestorOf(focus));
+}
+
+QObject* Find(Form& form, const QString& name) {
+    if (form.widget()->objectName() == name) return form.widget();
+    return form.widget()->findChild<QObject*>(name);
+}
+
+QString CaptionOf(QObject* control) {
+    if (auto* w = qobject_cast<QLabel*>(control)) return w->text();
+    if (auto* w = qobject_cast<QAbstractButton*>(control)) return w->text();
+    if (auto* w = qobject_cast<QGroupBox*>(control)) return w->title();
+    if (auto* w = qobject_cast<QLineEdit*>(control)) return w->text();
+    if (auto* w = qobject_cast<QTextEdit*>(control)) return w->toPlainText();
+    if (auto* w = qobject_cast<QComboBox*>(control)) return w->currentText();
+    if (auto* w = qobject_cast<QWidget*>(control); w && w->isWindow()) return w->windowTitle();
+    return {};
+}
+
+QRect PlaceOf(QObject* control) {
+    auto* w = qobject_cast<QWidget*>(control);
+    if (!w) return {};
+    const QRect g = w->isWindow() ? QRect(QPoint(), w->size()) : w->geometry();
+    return QRect(PixelsToTwips(g.x()), PixelsToTwips(g.y()), PixelsToTwips(g.width()),
+                 PixelsToTwips(g.height()));
+}
+
+QString KindOf(QObject* control) {
+    if (qobject_cast<QRadioButton*>(control)) return QStringLiteral("option");
+    if (qobject_cast<QCheckBox*>(control)) return QStringLiteral("check box");
+    if (qobject_cast<QAbstractButton*>(control)) return QStringLiteral("button");
+    if (qobject_cast<QGroupBox*>(control)) return QStringLiteral("frame");
+    if (qobject_cast<QLineEdit*>(control) || qobject_cast<QTextEdit*>(control))
+        return QStringLiteral("text box");
+    if (qobject_cast<QComboBox*>(control)) return QStringLiteral("combo box");
+    if (qobject_cast<QListWidget*>(control)) return QStringLiteral("list box");
+    if (dynamic_cast<GridView*>(control)) return QStringLiteral("grid");
+    if (auto* l = qobject_cast<QLabel*>(control))
+        return l->pixmap().isNull() ? QStringLiteral("label") : QStringLiteral("image");
+    if (auto* w = qobject_cast<QWidget*>(control); w && w->isWindow())
+        return QStringLiteral("form");
+    if (qobject_cast<QFrame*>(control)) return QStringLiteral("line");
+    return QStringLiteral("picture");
+}
+
+bool EnabledOf(QObject* control) {
+    auto* w = qobject_cast<QWidget*>(control);
+    return w && w->isEnabled();
+}
+
+bool HiddenOf(QObject* control) {
+    auto* w = qobject_cast<QWidget*>(control);
+    return w && w->isHidden();
+}
+
+QString ToolTipOf(QObject* control) {
+    auto* w = qobject_cast<QWidget*>(control);
+    return w ? w->toolTip() : QString();
+}
+
+QString AccessibleNameOf(QObject* control) {
+    auto* w = qobject_cast<QWidget*>(control);
+    return w ? w->accessibleName() : QString();
+}
+
+int FontPointsX100(QObject* control) {
+    auto* w = qobject_cast<QWidget*>(control);
+    return w ? qRound(w->font().pointSizeF() * 100) : 0;
+}
+
+bool BoldOf(QObject* control) {
+    auto* w = qobject_cast<QWidget*>(control);
+    return w && w->font().bold();
+}
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+bool WaitForShown(Form& form) {
+    return QTest::qWaitForWindowExposed(form.widget());
+}
+}  // namespace gui::testing
