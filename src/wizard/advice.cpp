@@ -1,5 +1,134 @@
 #include "wizard/advice.h"
 
+#include <QSet>
+#include <optional>
+#include <vector>
+
+#include "channels/channel_table.h"
+#include "common/number.h"
+#include "output/channel_line.h"
 #include "wizard/main_form.h"
 
-void GiveAdvice(MainForm&) {}
+namespace {
+
+// Columns of the channel grid that the checks read.
+enum Column {
+    kDmx1 = 1,
+    kDmx2 = 2,
+    kType = 3,
+    kKey = 5,
+    kWheel = 6,
+    kRatio = 10,
+    kLocate = 11,
+    kHighlight = 12,
+    kLowlight = 13
+};
+
+const QString kHtp = QStringLiteral("HTP (usually dimmer)");
+const QString kFadeable = QStringLiteral("FADEABLE LTP");
+const QString kIndexed = QStringLiteral("INDEXED LTP (not fadeable, such as gobo)");
+
+bool WholeWithin(const QString& text, int low, int high) {
+    const std::optional<double> v = common::WholeNumber(text.trimmed());
+    return v && *v == common::RoundHalfEven(*v) && *v >= low && *v <= high;
+}
+
+bool NumberWithin(const QString& text, double low, double high) {
+    const double v = common::LeadingNumber(text);
+    return v >= low && v <= high;
+}
+
+long Offset(const QString& text) {
+    return static_cast<long>(common::RoundHalfEven(common::LeadingNumber(text)));
+}
+
+QString CheckGeneralData(const MainForm& f) {
+    if (f.manifacturer.Text().trimmed().isEmpty())
+        return QStringLiteral("Manifacturer cannot be empty!");
+    if (f.model.Text().trimmed().isEmpty()) return QStringLiteral("Model cannot be empty!");
+    const QString name = f.nameondesk.Text();
+    if (name.isEmpty() || name.contains(u' '))
+        return QStringLiteral("Name on desk cannot contain spaces or be empty!");
+    if (!f.movinghead.Value() && !f.mirror.Value() && !f.otherkind.Value())
+        return QStringLiteral("Please choose type of fixture!");
+    if (!f.otherkind.Value()) {
+        if (!WholeWithin(f.degreespan.Text(), 1, 719))
+            return QStringLiteral("Pan degrees must be 1 to 719!");
+        if (!WholeWithin(f.degreestilt.Text(), 1, 359))
+            return QStringLiteral("Tilt degrees must be 1 to 359!");
+    }
+    return {};
+}
+
+// Walks the rows that reach the file; fills `used` with the offsets they take.
+QString CheckChannels(const MainForm& f, QSet<long>& used) {
+    const gui::Grid& t = f.table;
+    bool htpSeen = false;
+    QSet<QString> keyAssignments;
+    for (int row = 1; row < t.Rows(); ++row) {
+        const std::optional<double> dmx2 = common::WholeNumber(t.TextMatrix(row, kDmx2));
+        if (!dmx2) continue;  // this row writes no line
+        const QString at = QString::number(row);
+        const long high = Offset(t.TextMatrix(row, kDmx1));
+        const long low = static_cast<long>(common::RoundHalfEven(*dmx2));
+        if (high == 0) return QStringLiteral("DMX cannot be zero! Maybe one unused row to delete?");
+        if (used.contains(high) || (low > 0 && (used.contains(low) || low == high)))
+            return QStringLiteral("DMX channel duplicated at line ") + at;
+        used.insert(high);
+        if (low > 0) used.insert(low);
+
+        const QString type = t.TextMatrix(row, kType);
+        if (type != kHtp && type != kFadeable && type != kIndexed)
+            return QStringLiteral("Invalid Channel Type at line ") + at;
+        if (type == kHtp) {
+            if (htpSeen)
+                return QStringLiteral(
+                           "There may be only 1 HTP channel! There is a second at line ") +
+                       at;
+            htpSeen = true;
+            if (low > 0)
+                return QStringLiteral(
+                           "An HTP channel cannot be 16 bit i.e. a 16 bit channel cannot be HTP, "
+                           "line ") +
+                       at;
+        }
+        const QString wheel = LeadingToken(t.TextMatrix(row, kWheel));
+        if (wheel != u"1" && wheel != u"61")
+            return QStringLiteral("Wheel must be 1 (A) or 61 (B) at line ") + at;
+        const QString key = t.TextMatrix(row, kKey);
+        if (!NumberWithin(key, 1, 20))
+            return QStringLiteral("Key ID out of bounds (1-20) at line ") + at;
+        const QString assignment = QString::number(Offset(key)) + u'/' + wheel;
+        if (keyAssignments.contains(assignment))
+            return QStringLiteral("Key assignament duplicated at line ") + at;
+        keyAssignments.insert(assignment);
+        if (!NumberWithin(t.TextMatrix(row, kRatio), 1, 100))
+            return QStringLiteral("Ratio % value out of bounds (1-100) at line ") + at;
+        if (!NumberWithin(t.TextMatrix(row, kLocate), 0, 255))
+            return QStringLiteral("Locate value out of bounds (0-255) at line ") + at;
+        if (!NumberWithin(t.TextMatrix(row, kHighlight), 0, 255))
+            return QStringLiteral("Highligt value out of bounds (0-255) at line ") + at;
+        if (!NumberWithin(t.TextMatrix(row, kLowlight), 0, 255))
+            return QStringLiteral("Lolight value out of bounds (0-255) at line ") + at;
+    }
+    return {};
+}
+
+QString FirstFault(const MainForm& f, int channelCount) {
+    if (QString fault = CheckGeneralData(f); !fault.isEmpty()) return fault;
+    QSet<long> used;
+    if (QString fault = CheckChannels(f, used); !fault.isEmpty()) return fault;
+    for (long offset = 1; offset <= channelCount; ++offset)
+        if (!used.contains(offset))
+            return QStringLiteral("Unused dmx channel (") + QString::number(offset) +
+                   QStringLiteral(") in range!");
+    return {};
+}
+
+}  // namespace
+
+void GiveAdvice(MainForm& f) {
+    const int channelCount = NextFreeDmx(f) - 1;
+    f.dmxchannels.setCaption(QString::number(channelCount));
+    f.errormessage[3].setCaption(FirstFault(f, channelCount));
+}

@@ -36,3 +36,35 @@ class FormFixture : public QObject {
         TestClass test;                         \
         return QTest::qExec(&test, argc, argv); \
     }
+
+// A test program of several test classes: each file registers its class, and one
+// RIGWRIGHT_TEST_PROGRAM() runs them all in turn.
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace test_support {
+using Factory = std::function<std::unique_ptr<QObject>()>;
+inline std::vector<Factory>& Registry() {
+    static std::vector<Factory> factories;
+    return factories;
+}
+struct Register {
+    explicit Register(Factory f) { Registry().push_back(std::move(f)); }
+};
+}  // namespace test_support
+
+#define RIGWRIGHT_TEST_CLASS(TestClass)                   \
+    static const test_support::Register TestClass##_registered{ \
+        [] { return std::unique_ptr<QObject>(new TestClass); }};
+
+#define RIGWRIGHT_TEST_PROGRAM()                                   \
+    int main(int argc, char** argv) {                              \
+        gui::Application app(argc, argv);                          \
+        int failures = 0;                                          \
+        for (const auto& make : test_support::Registry()) {        \
+            auto test = make();                                    \
+            failures += QTest::qExec(test.get(), argc, argv);      \
+        }                                                          \
+        return failures;                                           \
+    }
