@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -48,6 +49,19 @@ class FormWindow : public QWidget {
             event->accept();
     }
 };
+
+// A caption that does not fit its label in the form's font is drawn a little smaller,
+// so that no word of it is cut off.
+void FitCaption(QLabel* label) {
+    const QFont base = label->property("rigwrightFont").value<QFont>();
+    QFont font = base;
+    const QRect room = label->contentsRect();
+    const int flags = Qt::TextWordWrap | label->alignment();
+    while (font.pointSizeF() > 6.0 &&
+           QFontMetrics(font).boundingRect(room, flags, label->text()).height() > room.height())
+        font.setPointSizeF(font.pointSizeF() - 0.25);
+    label->setFont(font);
+}
 
 }  // namespace
 
@@ -162,13 +176,18 @@ void Label::create(Control& parent, const QString& name, const Look& look) {
     label->setWordWrap(true);
     label->setAlignment(AlignmentOf(look.align) | Qt::AlignTop);
     ApplyColours(label, look, QPalette::WindowText, QPalette::Window);
+    label->setContentsMargins(0, 0, TwipsToPixels(look.coveredRight), 0);
+    label->setProperty("rigwrightFont", label->font());
+    FitCaption(label);
 }
 
 QString Label::Caption() const {
     return static_cast<QLabel*>(widget_)->text();
 }
 void Label::setCaption(const QString& caption) {
-    static_cast<QLabel*>(widget_)->setText(caption);
+    auto* label = static_cast<QLabel*>(widget_);
+    label->setText(caption);
+    FitCaption(label);
 }
 
 // ---- TextBox --------------------------------------------------------------------------
