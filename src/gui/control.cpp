@@ -63,6 +63,28 @@ void FitCaption(QLabel* label) {
     label->setFont(font);
 }
 
+// A label that fits its caption when it is first painted, so that labels of pages not on
+// show cost nothing at start.
+class FittingLabel : public QLabel {
+  public:
+    void Refit() {
+        fitted_ = false;
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (!fitted_) {
+            fitted_ = true;
+            FitCaption(this);
+        }
+        QLabel::paintEvent(event);
+    }
+
+  private:
+    bool fitted_ = false;
+};
+
 }  // namespace
 
 // ---- Control --------------------------------------------------------------------------
@@ -169,7 +191,7 @@ void Frame::setCaption(const QString& caption) {
 // ---- Label ----------------------------------------------------------------------------
 
 void Label::create(Control& parent, const QString& name, const Look& look) {
-    auto* label = new QLabel;
+    auto* label = new FittingLabel;
     adopt(label, parent, name, look);
     label->setText(look.caption);
     label->setTextFormat(Qt::PlainText);
@@ -178,16 +200,15 @@ void Label::create(Control& parent, const QString& name, const Look& look) {
     ApplyColours(label, look, QPalette::WindowText, QPalette::Window);
     label->setContentsMargins(0, 0, TwipsToPixels(look.coveredRight), 0);
     label->setProperty("rigwrightFont", label->font());
-    FitCaption(label);
 }
 
 QString Label::Caption() const {
     return static_cast<QLabel*>(widget_)->text();
 }
 void Label::setCaption(const QString& caption) {
-    auto* label = static_cast<QLabel*>(widget_);
+    auto* label = static_cast<FittingLabel*>(widget_);
     label->setText(caption);
-    FitCaption(label);
+    label->Refit();
 }
 
 // ---- TextBox --------------------------------------------------------------------------

@@ -10,8 +10,17 @@ GridModel::GridModel(int cols, std::vector<Qt::Alignment> alignments)
     cells_.assign(2, std::vector<QString>(cols));
 }
 
+QString GridModel::Shared(const QString& text) {
+    constexpr qsizetype kLongest = 64;
+    if (text.isEmpty() || text.size() > kLongest) return text;
+    const auto found = pool_.constFind(text);
+    if (found != pool_.constEnd()) return *found;
+    pool_.insert(text);
+    return text;
+}
+
 void GridModel::SetCell(int row, int col, const QString& text) {
-    cells_[row][col] = text;
+    cells_[row][col] = Shared(text);
     if (row == 0 && col > 0) {
         emit headerDataChanged(Qt::Horizontal, col - 1, col - 1);
     } else if (col == 0 && row > 0) {
@@ -24,6 +33,7 @@ void GridModel::SetCell(int row, int col, const QString& text) {
 
 void GridModel::InsertRow(int before, std::vector<QString> cells) {
     cells.resize(cols_);
+    for (QString& cell : cells) cell = Shared(cell);
     beginInsertRows({}, before - 1, before - 1);
     cells_.insert(cells_.begin() + before, std::move(cells));
     endInsertRows();

@@ -4,6 +4,7 @@
 // on screen while the body scrolls.
 
 #include <QAbstractTableModel>
+#include <QSet>
 #include <QString>
 #include <vector>
 
@@ -29,7 +30,12 @@ class GridModel : public QAbstractTableModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   private:
+    // Cell texts repeat a lot (channel types, presets, numbers): rows share one copy of
+    // each short text instead of holding their own, which keeps a full table small.
+    QString Shared(const QString& text);
+
     int cols_;
+    QSet<QString> pool_;
     std::vector<Qt::Alignment> alignments_;
     std::vector<std::vector<QString>> cells_;
 };

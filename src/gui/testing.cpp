@@ -177,3 +177,41 @@ bool WaitForShown(Form& form) {
     return QTest::qWaitForWindowExposed(form.widget());
 }
 }  // namespace gui::testing
+
+namespace gui::testing {
+
+BareWindow::BareWindow(int widgets) : window_(new QWidget) {
+    window_->resize(650, 484);
+    for (int i = 0; i < widgets; ++i) {
+        auto* label = new QLabel(QStringLiteral("label %1").arg(i), window_);
+        label->setGeometry((i % 10) * 64, (i / 10) * 4 % 480, 60, 16);
+    }
+    window_->show();
+}
+
+BareWindow::~BareWindow() {
+    delete window_;
+}
+void BareWindow::PaintNow() {
+    window_->grab();
+}
+
+int WidgetCount(Form& form) {
+    return 1 + static_cast<int>(form.widget()->findChildren<QWidget*>().size());
+}
+
+void PaintNow(Control& control) {
+    control.widget()->grab();
+}
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+
+void ReleaseCell(Grid& grid, int row, int col) {
+    GridView* view = grid.view();
+    const QModelIndex index = grid.model()->index(row - 1, col - 1);
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+}
+
+}  // namespace gui::testing

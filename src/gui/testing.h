@@ -13,6 +13,7 @@
 
 class QAbstractItemModel;
 class QObject;
+class QWidget;
 
 namespace gui::testing {
 
@@ -44,5 +45,35 @@ QString ToolTipOf(QObject* control);
 QString AccessibleNameOf(QObject* control);
 int FontPointsX100(QObject* control);  // font size in hundredths of a point
 bool BoldOf(QObject* control);
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+
+// The floor that the form's start is measured against: a plain Qt window holding
+// `widgets` plain labels, shown.
+class BareWindow {
+  public:
+    explicit BareWindow(int widgets);
+    ~BareWindow();
+    BareWindow(const BareWindow&) = delete;
+    BareWindow& operator=(const BareWindow&) = delete;
+    void PaintNow();
+
+  private:
+    QWidget* window_;
+};
+
+int WidgetCount(Form& form);      // the form and everything on it
+void PaintNow(Control& control);  // renders it in full at once
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+
+// Lets the mouse button go over a cell. QTest's double click sends the double-click event
+// alone; a real mouse follows it with a release, which the grid takes as the end of that
+// double click rather than as a new click.
+void ReleaseCell(Grid& grid, int row, int col);
 
 }  // namespace gui::testing

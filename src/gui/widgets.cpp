@@ -1,6 +1,5 @@
 #include "gui/widgets.h"
 
-#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -8,17 +7,12 @@
 namespace gui::detail {
 
 QFont FontFor(const Look& look) {
-    // The form's font where the machine has it, else a sans serif of similar width.
-    static const QStringList families = [] {
-        QStringList list{QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"),
-                         QStringLiteral("Arial"), QStringLiteral("DejaVu Sans")};
-        const QStringList present = QFontDatabase::families();
-        QStringList usable;
-        for (const QString& f : list)
-            if (present.contains(f)) usable << f;
-        usable << QStringLiteral("Sans Serif");
-        return usable;
-    }();
+    // The form's font where the machine has it, else a sans serif of similar width. Qt
+    // takes the first family of the list that is there; asking the font database which
+    // ones are there would load every font on the machine first.
+    static const QStringList families{QStringLiteral("MS Sans Serif"),
+                                      QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+                                      QStringLiteral("DejaVu Sans"), QStringLiteral("Sans Serif")};
     QFont font;
     font.setFamilies(families);
     font.setPointSizeF(look.points);

@@ -1,0 +1,180 @@
+// rigwright-bench: measures the wizard's work against a floor taken in the same run and
+// prints one row per target. Run headless: QT_QPA_PLATFORM=offscreen.
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <cstdio>
+
+#include "channels/channel_table.h"
+#include "channels/presets.h"
+#include "gui/application.h"
+#include "gui/dialogs.h"
+#include "gui/seams.h"
+#include "gui/testing.h"
+#include "measure.h"
+#include "output/save_flow.h"
+#include "ranges/range_operations.h"
+#include "ranges/range_table.h"
+#include "wizard/engine.h"
+#include "wizard/main_form.h"
+#include "wizard/start.h"
+
+namespace {
+
+constexpr int kMaxChannelRows = 32767;
+const QString kPanRow =
+    QStringLiteral("#\t1\t0\tFADEABLE LTP\tE>\t3\t61\tPan\t1\tN\t100\t128\t0\t0\tdefault");
+
+// Fills the channel grid up to `channelRows` rows with distinct offsets.
+void FillTable(MainForm& f, int channelRows) {
+    gui::Grid& t = f.table;
+    while (t.Rows() - 1 < channelRows) {
+        const int offset = t.Rows();
+        QString row = kPanRow;
+        row.replace(QStringLiteral("#\t1\t"), QStringLiteral("#\t%1\t").arg(offset));
+        t.AddItem(row);
+    }
+    while (t.Rows() - 1 > channelRows) t.RemoveItem(t.Rows() - 1);
+}
+
+// Child process: one start of the form (or of the bare floor window); prints
+// "<milliseconds> <resident MiB after start> <resident MiB at full table>".
+int RunStartChild(int argc, char** argv, bool bare, int widgets) {
+    gui::Application app(argc, argv);
+    gui::seams::Reset();  // no real dialog can come up
+    QElapsedTimer timer;
+    timer.start();
+    double ms = 0;
+    double full = -1;
+    if (bare) {
+        gui::testing::BareWindow window(widgets);
+        window.PaintNow();
+        ms = timer.nsecsElapsed() / 1e6;
+        std::printf("%f %f %f\n", ms, bench::ResidentMiB(), full);
+        return 0;
+    }
+    MainForm form;
+    StartWizard(form);
+    gui::testing::PaintNow(form.main);
+    ms = timer.nsecsElapsed() / 1e6;
+    const double afterStart = bench::ResidentMiB();
+    if (widgets < 0) std::printf("widgets %d\n", gui::testing::WidgetCount(form.main));
+    FillTable(form, kMaxChannelRows);
+    full = bench::ResidentMiB();
+    std::printf("%f %f %f\n", ms, afterStart, full);
+    return 0;
+}
+
+struct StartFigures {
+    double ms, mib, fullMib;
+};
+
+StartFigures RunStart(const QString& self, const QStringList& args, int repeats) {
+    std::vector<double> ms, mib, full;
+    for (int i = 0; i < repeats; ++i) {
+        QProcess p;
+        p.start(self, args);
+        p.waitForFinished(60000);
+        const QList<QByteArray> f = p.readAllStandardOutput().trimmed().split(' ');
+        if (f.size() < 3) continue;
+        ms.push_back(f[0].toDouble());
+        mib.push_back(f[1].toDouble());
+        full.push_back(f[2].toDouble());
+    }
+    return {bench::Median(ms), bench::Median(mib), bench::Median(full)};
+}
+
+int WidgetCountOfForm(const QString& self) {
+    QProcess p;
+    p.start(self, {QStringLiteral("--start-form"), QStringLiteral("-1")});
+    p.waitForFinished(60000);
+    for (const QByteArray& line : p.readAllStandardOutput().split('\n'))
+        if (line.startsWith("widgets ")) return line.mid(8).toInt();
+    return 200;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc >= 3 && QByteArray(argv[1]) == "--start-form")
+        return RunStartChild(argc, argv, false, QByteArray(argv[2]).toInt());
+    if (argc >= 3 && QByteArray(argv[1]) == "--start-bare")
+        return RunStartChild(argc, argv, true, QByteArray(argv[2]).toInt());
+
+    gui::Application app(argc, argv);
+    const QString self = QCoreApplication::applicationFilePath();
+    std::vector<bench::Row> rows;
+
+    // Start and memory, each start in a process of its own.
+    const int widgets = WidgetCountOfForm(self);
+    const StartFigures form =
+        RunStart(self, {QStringLiteral("--start-form"), QStringLiteral("0")}, 7);
+    const StartFigures bare =
+        RunStart(self, {QStringLiteral("--start-bare"), QString::number(widgets)}, 7);
+    rows.push_back({QStringLiteral("start: form, Form_Load, first paint (%1 widgets)").arg(widgets),
+                    form.ms, QStringLiteral("ms"), bare.ms, 1.5, 0});
+    rows.push_back({QStringLiteral("resident memory after start"), form.mib, QStringLiteral("MiB"),
+                    bare.mib, 1.2, 0});
+    rows.push_back({QStringLiteral("memory added by 32,767 channel rows"), form.fullMib - form.mib,
+                    QStringLiteral("MiB"), 0, 0, 30});
+
+    gui::seams::Reset();
+    MainForm f;
+    StartWizard(f);
+
+    // Saving a full table, against one fwrite of the same bytes.
+    QTemporaryDir dir;
+    FillTable(f, kMaxChannelRows);
+    const QString target = dir.filePath(QStringLiteral("BIG.R20"));
+    const double save = bench::MedianMs(
+        7, [&] { finished_Click(f); },
+        [&] {
+            gui::seams::QueueSaveAnswer(target);
+            gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        });
+    QFile written(target);
+    written.open(QIODevice::ReadOnly);
+    const QByteArray bytes = written.readAll();
+    const QByteArray floorPath = dir.filePath(QStringLiteral("floor.R20")).toLocal8Bit();
+    const double fwriteMs = bench::MedianMs(7, [&] {
+        FILE* out = std::fopen(floorPath.constData(), "wb");
+        std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), out);
+        std::fclose(out);
+    });
+    rows.push_back({QStringLiteral("save 32,767 rows (%1 bytes)").arg(bytes.size()), save,
+                    QStringLiteral("ms"), fwriteMs, 2.0, 200});
+
+    // NextFreeDmx over the full table.
+    volatile int sink = 0;
+    const double next = bench::MedianMs(21, [&] { sink = sink + NextFreeDmx(f); });
+    rows.push_back(
+        {QStringLiteral("NextFreeDmx at 32,767 rows"), next, QStringLiteral("ms"), 0, 0, 5});
+
+    // One preset added to a table of 32,766 rows.
+    FillTable(f, kMaxChannelRows - 1);
+    const double preset = bench::MedianMs(
+        21, [&] { Command6_Click(f, 0); }, [&] { FillTable(f, kMaxChannelRows - 1); });
+    rows.push_back(
+        {QStringLiteral("preset added to 32,766 rows"), preset, QStringLiteral("ms"), 0, 0, 5});
+
+    // Auto split of 0..255 into 256 ranges, bars included, on the page on show.
+    f.CurrentStep = 6;
+    ShowStep(f);
+    const double split = bench::MedianMs(
+        11, [&] { rgo_Click(f); },
+        [&] {
+            rclear_Click(f);
+            f.range.setRow(1);
+            Command2_Click(f);
+            f.arno.setText(QStringLiteral("256"));
+        });
+    rows.push_back({QStringLiteral("auto split 0..255 into 256 with the bars (%1 rows)")
+                        .arg(f.range.Rows() - 1),
+                    split, QStringLiteral("ms"), 0, 0, 50});
+
+    bench::Print(rows);
+    return 0;
+}
