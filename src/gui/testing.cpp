@@ -42,6 +42,7 @@ void DoubleClickCell(Grid& grid, int row, int col) {
     QWidget* viewport = grid.view()->viewport();
     QTest::mouseClick(viewport, Qt::LeftButton, {}, at);
     QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);  // a real double click ends so
 }
 
 void DragRows(Grid& grid, int fromRow, int toRow, int col) {

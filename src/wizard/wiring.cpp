@@ -38,4 +38,5 @@ void WireEvents(MainForm& f) {
     f.Command2.onClick([m] { Command2_Click(*m); });
     f.Command1.onClick([m] { Command1_Click(*m); });
     f.rgo.onClick([m] { rgo_Click(*m); });
+    WireAutoSplitKeys(f);
 }
