@@ -24,7 +24,6 @@
 
 namespace {
 
-constexpr int kMaxChannelRows = 32767;
 const QString kPanRow =
     QStringLiteral("#\t1\t0\tFADEABLE LTP\tE>\t3\t61\tPan\t1\tN\t100\t128\t0\t0\tdefault");
 
@@ -62,7 +61,7 @@ int RunStartChild(int argc, char** argv, bool bare, int widgets) {
     ms = timer.nsecsElapsed() / 1e6;
     const double afterStart = bench::ResidentMiB();
     if (widgets < 0) std::printf("widgets %d\n", gui::testing::WidgetCount(form.main));
-    FillTable(form, kMaxChannelRows);
+    FillTable(form, channels::kMaxChannelRows);
     full = bench::ResidentMiB();
     std::printf("%f %f %f\n", ms, afterStart, full);
     return 0;
@@ -127,7 +126,7 @@ int main(int argc, char** argv) {
 
     // Saving a full table, against one fwrite of the same bytes.
     QTemporaryDir dir;
-    FillTable(f, kMaxChannelRows);
+    FillTable(f, channels::kMaxChannelRows);
     const QString target = dir.filePath(QStringLiteral("BIG.R20"));
     const double save = bench::MedianMs(
         7, [&] { finished_Click(f); },
@@ -154,9 +153,9 @@ int main(int argc, char** argv) {
         {QStringLiteral("NextFreeDmx at 32,767 rows"), next, QStringLiteral("ms"), 0, 0, 5});
 
     // One preset added to a table of 32,766 rows.
-    FillTable(f, kMaxChannelRows - 1);
+    FillTable(f, channels::kMaxChannelRows - 1);
     const double preset = bench::MedianMs(
-        21, [&] { Command6_Click(f, 0); }, [&] { FillTable(f, kMaxChannelRows - 1); });
+        21, [&] { Command6_Click(f, 0); }, [&] { FillTable(f, channels::kMaxChannelRows - 1); });
     rows.push_back(
         {QStringLiteral("preset added to 32,766 rows"), preset, QStringLiteral("ms"), 0, 0, 5});
 

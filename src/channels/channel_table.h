@@ -9,3 +9,12 @@ void add_Click(MainForm& f);
 void delete_Click(MainForm& f);
 void adddef_Click(MainForm& f);
 std::int16_t NextFreeDmx(const MainForm& f);
+
+namespace channels {
+
+// Row counters are 16 bits wide: the grid holds at most this many channel rows, the head
+// row not counted. New lines and presets stop there.
+inline constexpr int kMaxChannelRows = 32767;
+bool RoomForChannelRow(const MainForm& f);
+
+}  // namespace channels

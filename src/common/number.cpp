@@ -39,6 +39,21 @@ qsizetype NumberLength(QStringView text, qsizetype pos) {
 }
 
 double Parse(QStringView number) {
+    // Most cells hold a plain whole number; read those without the general converter.
+    if (number.size() <= 15) {
+        qsizetype i = 0;
+        const bool negative = number[0] == u'-';
+        if (negative || number[0] == u'+') ++i;
+        long long whole = 0;
+        bool plain = i < number.size();
+        for (; i < number.size() && plain; ++i) {
+            if (!IsDigit(number[i]))
+                plain = false;
+            else
+                whole = whole * 10 + (number[i].unicode() - u'0');
+        }
+        if (plain) return negative ? -static_cast<double>(whole) : static_cast<double>(whole);
+    }
     bool ok = false;
     double v = number.toDouble(&ok);
     if (ok) return v;

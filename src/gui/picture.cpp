@@ -31,15 +31,21 @@ class PictureView : public QWidget {
         // Boxes come by the thousand in an auto split: fill the pixels directly and
         // let one repaint show them all.
         const QRgb colour = fore.rgb();
+        uchar* bits = buffer_.bits();
+        const qsizetype stride = buffer_.bytesPerLine();
         for (int y = top; y <= bottom; ++y) {
-            auto* line = reinterpret_cast<QRgb*>(buffer_.scanLine(y));
+            auto* line = reinterpret_cast<QRgb*>(bits + y * stride);
             std::fill(line + left, line + right + 1, colour);
         }
-        update();
+        if (!repaintPending_) {
+            repaintPending_ = true;
+            update();
+        }
     }
 
   protected:
     void paintEvent(QPaintEvent*) override {
+        repaintPending_ = false;
         QPainter p(this);
         if (buffer_.isNull())
             p.fillRect(rect(), back);
@@ -48,6 +54,7 @@ class PictureView : public QWidget {
     }
     void hideEvent(QHideEvent* event) override {
         buffer_ = QImage();
+        repaintPending_ = false;
         QWidget::hideEvent(event);
     }
 
@@ -59,6 +66,7 @@ class PictureView : public QWidget {
         return qBound(0, static_cast<int>(y * height() / scaleHeight), height() - 1);
     }
     QImage buffer_;
+    bool repaintPending_ = false;
 };
 
 void Picture::create(Control& parent, const QString& name, const Look& look, double scaleWidth,

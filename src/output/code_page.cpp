@@ -1,0 +1,66 @@
+#include "output/code_page.h"
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <array>
+#include <cstdint>
+#endif
+
+#ifdef Q_OS_WIN
+
+QByteArray ToFileBytes(const QString& text) {
+    if (text.isEmpty()) return {};
+    const auto* wide = reinterpret_cast<const wchar_t*>(text.utf16());
+    const int length = static_cast<int>(text.size());
+    // A UTF-8 system code page takes no replacement character and has no best fit.
+    const UINT page = GetACP();
+    const bool utf8 = page == CP_UTF8;
+    const DWORD flags = utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const char* replacement = utf8 ? nullptr : "?";
+    const int size =
+        WideCharToMultiByte(page, flags, wide, length, nullptr, 0, replacement, nullptr);
+    if (size <= 0) return QByteArray(length, '?');
+    QByteArray bytes(size, Qt::Uninitialized);
+    WideCharToMultiByte(page, flags, wide, length, bytes.data(), size, replacement, nullptr);
+    return bytes;
+}
+
+#else
+
+namespace {
+
+// Windows-1252 at 0x80..0x9F; 0 marks the five bytes that hold no character.
+constexpr std::array<char16_t, 32> kHighControls = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80..87
+    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,       // 88..8F
+    0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90..97
+    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,  // 98..9F
+};
+
+char ByteOf(char16_t c) {
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
+    for (std::size_t i = 0; i < kHighControls.size(); ++i)
+        if (kHighControls[i] != 0 && kHighControls[i] == c) return static_cast<char>(0x80 + i);
+    return '?';
+}
+
+}  // namespace
+
+QByteArray ToFileBytes(const QString& text) {
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    const qsizetype n = text.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        const QChar c = text[i];
+        if (c.isHighSurrogate() && i + 1 < n && text[i + 1].isLowSurrogate()) {
+            ++i;  // one character outside the code page, one "?"
+            bytes.append('?');
+            continue;
+        }
+        bytes.append(ByteOf(c.unicode()));
+    }
+    return bytes;
+}
+
+#endif

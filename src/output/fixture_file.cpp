@@ -1,0 +1,145 @@
+#include "output/fixture_file.h"
+
+#include <QDateTime>
+#include <QIODevice>
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+
+#include "common/number.h"
+#include "gui/system.h"
+#include "output/channel_line.h"
+#include "output/code_page.h"
+#include "output/comment_lines.h"
+#include "wizard/main_form.h"
+
+namespace {
+
+constexpr int kDmx2Column = 2;
+constexpr int kMaxRows = 32767;  // the row counter is 16 bits wide
+constexpr double kDmxUniverse = 512;
+
+// Writes lines in order, gathered into large writes, and remembers the first failure; after
+// it, writes nothing more.
+class LineWriter {
+  public:
+    explicit LineWriter(QIODevice& out) : out_(out) {}
+
+    void line(const QString& text) {
+        if (!outcome_.ok) return;
+        pending_.append(ToFileBytes(text));
+        pending_.append("\r\n", 2);
+        if (pending_.size() >= kChunk) flush();
+    }
+    void line(const char* ascii) { line(QString::fromLatin1(ascii)); }
+
+    // Hands the gathered bytes to the device. A device may take part of them and tell the
+    // reason only when asked for the rest, so it is asked until it takes all or refuses.
+    void flush() {
+        qsizetype done = 0;
+        while (outcome_.ok && done < pending_.size()) {
+            const qint64 n = out_.write(pending_.constData() + done, pending_.size() - done);
+            if (n <= 0) {
+                outcome_.ok = false;
+                outcome_.error = out_.errorString();
+            } else {
+                done += n;
+            }
+        }
+        pending_.clear();
+    }
+    bool ok() const { return outcome_.ok; }
+    WriteOutcome finish() {
+        flush();
+        return outcome_;
+    }
+
+  private:
+    static constexpr qsizetype kChunk = 64 * 1024;
+    QIODevice& out_;
+    QByteArray pending_;
+    WriteOutcome outcome_;
+};
+
+QString SavedLine(const QString& path) {
+    const QDateTime now = gui::Now();
+    return QStringLiteral("; file ") + path + QStringLiteral(" saved ") +
+           now.toString(QStringLiteral("MM-dd-yyyy")) + now.toString(QStringLiteral("HH:mm:ss"));
+}
+
+QString MirrorLine(const MainForm& f) {
+    const char kind = f.mirror.Value() ? '1' : f.movinghead.Value() ? '2' : '0';
+    return QStringLiteral("MIRROR ") + QLatin1Char(kind) + u' ' + f.degreespan.Text() + u' ' +
+           f.degreestilt.Text();
+}
+
+QString MaxDmxLine(const MainForm& f) {
+    const double channels = common::LeadingNumber(f.dmxchannels.Caption());
+    return QStringLiteral("MAXDMX=") + common::NumberText(kDmxUniverse - channels);
+}
+
+// One line per 8-bit row, two per 16-bit row; a row without a number in dmx2 writes none.
+void WriteChannelLines(const MainForm& f, LineWriter& w) {
+    const int rows = std::min(f.table.Rows(), kMaxRows + 1);
+    for (int r = 1; r < rows && w.ok(); ++r) {
+        const auto row = static_cast<std::int16_t>(r);
+        const std::optional<QString> first = BuildChannelLine(f, row, false);
+        if (!first) continue;
+        w.line(*first);
+        const std::optional<double> dmx2 =
+            common::WholeNumber(f.table.TextMatrix(row, kDmx2Column));
+        if (dmx2 && *dmx2 > 0) {
+            if (const std::optional<QString> low = BuildChannelLine(f, row, true)) w.line(*low);
+        }
+    }
+}
+
+}  // namespace
+
+WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice& out) {
+    LineWriter w(out);
+    for (const QString& comment : CommentLines(f.morecomment.Text())) w.line(comment);
+    w.line("; ");
+    w.line("; ");
+    w.line(SavedLine(path));
+    w.line("; ");
+    w.line("; ");
+    w.line(QStringLiteral("DEVICE ") + f.nameondesk.Text());
+    w.line(QStringLiteral("NAME \"") + f.manifacturer.Text() + QStringLiteral("\" \"") +
+           f.model.Text() + u'"');
+    w.line("; ");
+    w.line(QStringLiteral("TYPE 1 ") + f.dmxchannels.Caption() + QStringLiteral(" M"));
+    w.line("; ");
+    w.line(MirrorLine(f));
+    w.line("; ");
+    w.line("DEVICEADDRESS");
+    w.line("\"Handle %2d\"h");
+    w.line("\"Fixture %11s\"n");
+    w.line("\"DMX %03d\"d");
+    w.line("\"\"");
+    w.line("\"\"");
+    w.line(QStringLiteral("\"Set to ") + f.dmxchannels.Caption() + QStringLiteral(" DMX, 8bit\""));
+    w.line("\"\"");
+    w.line("\"\"");
+    w.line("DAEND");
+    w.line("; ");
+    w.line("MINDMX=1");
+    w.line(MaxDmxLine(f));
+    w.line("DIVBY=1");
+    w.line("; ");
+    w.line("; ");
+    w.line("DMX");
+    WriteChannelLines(f, w);
+    w.line("END");
+    w.line("; ");
+    w.line("; ");
+    w.line("TEXT");
+    w.line(f.patchdisplay.Text());
+    w.line("END");
+    w.line("ATTR");
+    w.line("obsolete");
+    w.line("END");
+    w.line("; ");
+    w.line("; ");
+    return w.finish();
+}

@@ -1,0 +1,62 @@
+#pragma once
+// Tests of the channel definitions: the grid commands and the next free offset, the 25
+// presets, and the floating cell editor driven through the real widgets.
+
+#include <QString>
+#include <QStringList>
+
+#include "support/form_fixture.h"
+
+class TestChannels : public FormFixture {
+    Q_OBJECT
+  private:
+    // The channel rows of the table, each as its cells with ";" between them.
+    QString rowText(int row);
+    QStringList bodyRows();
+    // Replaces the body by rows given as dmx1 and dmx2, "dmx1;dmx2".
+    void setOffsets(const QStringList& rows);
+    void watchModel();  // QAbstractItemModelTester on the grid for this test
+    void openCell(int row, int col);
+    void replaceEntry(const QString& text);  // select all in the edit box, then type
+    void pressEnter();
+
+  private slots:
+    void init();
+
+    // Grid commands.
+    void nextFreeDmx_data();
+    void nextFreeDmx();
+    void nextFreeDmxFallsWhenHighestRowGoes();
+    void addMarksRowIndex();
+    void deleteKeepsLastRow();
+    void addAndDeleteCommitTheOpenEditFirst();
+    void rowCountStopsAt16Bits();
+
+    // Presets.
+    void preset_data();
+    void preset();
+    void sixteenBitPresetTakesTwoOffsets();
+    void colourMixTakesConsecutiveOffsets_data();
+    void colourMixTakesConsecutiveOffsets();
+    void presetPassesHighestEditableOffset_data();
+    void presetPassesHighestEditableOffset();
+    void presetCommitsOpenEditFirst();
+    void presetIndexOutsideAddsNothing();
+    void semicolonsToTabs();
+
+    // Cell editor.
+    void numberEntry_data();
+    void numberEntry();
+    void textEntry_data();
+    void textEntry();
+    void choiceLists_data();
+    void choiceLists();
+    void choiceNeedsPickedItem_data();
+    void choiceNeedsPickedItem();
+    void frameLiesOnCell();
+    void clickElsewhereCommitsFirstCellOnly();
+    void clickWithoutEditClosesPanelOnly();
+    void keyboardOnly();
+    void nextCommitsPreviousDoesNot();
+    void randomEntriesStayInBounds();
+};

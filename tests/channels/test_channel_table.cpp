@@ -1,0 +1,113 @@
+// The grid commands and the next free offset.
+#include <QTest>
+
+#include "channels/channel_table.h"
+#include "channels/presets.h"
+#include "channels_test.h"
+#include "gui/testing.h"
+
+using gui::testing::Click;
+
+void TestChannels::nextFreeDmx_data() {
+    QTest::addColumn<QStringList>("offsets");  // "dmx1;dmx2" a row
+    QTest::addColumn<int>("expected");
+
+    QTest::newRow("blank first row") << QStringList{";0"} << 1;
+    QTest::newRow("gap stays free") << QStringList{"1;0", "2;0", "5;0"} << 6;
+    QTest::newRow("dmx2 counts like dmx1") << QStringList{"3;9"} << 10;
+    QTest::newRow("shared offset") << QStringList{"4;0", "4;0"} << 5;
+    QTest::newRow("equal to the candidate") << QStringList{"1;"} << 2;
+    QTest::newRow("highest first") << QStringList{"7;8", "2;0"} << 9;
+    QTest::newRow("zero and negatives never count") << QStringList{"-5;0", "0;-1"} << 1;
+    QTest::newRow("leading number of the text") << QStringList{" 12x;0"} << 13;
+    QTest::newRow("above the editor's bound") << QStringList{"511;512"} << 513;
+    QTest::newRow("largest 16-bit offset") << QStringList{"32767;0"} << 32767;
+}
+
+void TestChannels::nextFreeDmx() {
+    QFETCH(QStringList, offsets);
+    QFETCH(int, expected);
+    setOffsets(offsets);
+    QCOMPARE(NextFreeDmx(form()), expected);
+}
+
+void TestChannels::nextFreeDmxFallsWhenHighestRowGoes() {
+    setOffsets({"1;0", "9;0", "3;0"});
+    QCOMPARE(NextFreeDmx(form()), 10);
+    form().table.setRow(2);
+    Click(form().delete_);
+    QCOMPARE(NextFreeDmx(form()), 4);
+}
+
+void TestChannels::addMarksRowIndex() {
+    watchModel();
+    Click(form().add);
+    Click(form().add);
+    QCOMPARE(form().table.Rows(), 4);
+    for (int r = 1; r <= 3; ++r) QCOMPARE(form().table.TextMatrix(r, 0), QString::number(r));
+    QCOMPARE(rowText(2), QString("2" + QString(14, u';')));  // nothing but the mark
+
+    form().table.setRow(2);
+    Click(form().delete_);
+    Click(form().add);
+    QCOMPARE(form().table.TextMatrix(1, 0), "1");
+    QCOMPARE(form().table.TextMatrix(2, 0), "3");
+    QCOMPARE(form().table.TextMatrix(3, 0), "3");
+
+    // After a preset, the mark is the true row index again.
+    Click(form().adddef);
+    Click(form().Command6[12]);
+    Click(form().add);
+    QCOMPARE(form().table.TextMatrix(4, 0), "#");
+    QCOMPARE(form().table.TextMatrix(5, 0), "5");
+}
+
+void TestChannels::deleteKeepsLastRow() {
+    watchModel();
+    const QString before = rowText(1);
+    Click(form().delete_);
+    QCOMPARE(form().table.Rows(), 2);
+    QCOMPARE(rowText(1), before);
+    QCOMPARE(form().errormessage[2].Caption(), QString());
+}
+
+void TestChannels::addAndDeleteCommitTheOpenEditFirst() {
+    watchModel();
+    Click(form().add);
+    Click(form().add);
+
+    // add: the entry lands in its own cell, then the row is added.
+    openCell(1, 7);
+    replaceEntry("first");
+    Click(form().add);
+    QCOMPARE(form().table.TextMatrix(1, 7), "first");
+    QCOMPARE(form().table.Rows(), 5);
+    QVERIFY(!form().editframe.Visible());
+
+    // delete: the edit of row 3 is finished before row 2 goes, so it moves up with its row.
+    openCell(3, 14);
+    replaceEntry("third");
+    form().table.setRow(2);
+    Click(form().delete_);
+    QCOMPARE(form().table.Rows(), 4);
+    QCOMPARE(form().table.TextMatrix(2, 14), "third");
+    QCOMPARE(form().table.TextMatrix(2, 0), "3");
+    QCOMPARE(form().editframe.Tag(), "0");
+}
+
+void TestChannels::rowCountStopsAt16Bits() {
+    gui::Grid& table = form().table;
+    while (table.Rows() - 1 < channels::kMaxChannelRows - 1) table.AddItem(QStringLiteral("x"));
+
+    // The last free row goes to the first of the three colour mix rows.
+    Click(form().adddef);
+    Click(form().Command6[6]);
+    QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows);
+    QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Cyan");
+    QVERIFY(!form().defaultsframe.Visible());
+
+    Click(form().add);
+    Command6_Click(form(), 0);
+    QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows);
+    QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Cyan");
+}

@@ -1,0 +1,3 @@
+#include "output_test.h"
+
+RIGWRIGHT_TEST_MAIN(TestOutput)

@@ -1,0 +1,59 @@
+#include <QTest>
+
+#include "output/code_page.h"
+#include "output/comment_lines.h"
+#include "output_test.h"
+
+void TestOutput::commentLines_data() {
+    QTest::addColumn<QString>("comment");
+    QTest::addColumn<QStringList>("lines");
+    QTest::newRow("empty") << QString() << QStringList{"; "};
+    QTest::newRow("one line") << QStringLiteral("abc") << QStringList{"; abc"};
+    QTest::newRow("ends with CR LF") << QStringLiteral("a\r\n") << QStringList{"; a\r", "; "};
+    QTest::newRow("only CR LF") << QStringLiteral("\r\n") << QStringList{"; \r", "; "};
+    QTest::newRow("three lines") << QStringLiteral("a\r\nb\r\nc")
+                                 << QStringList{"; a\r", "; b\r", "; c"};
+    QTest::newRow("CR without LF costs the next character")
+        << QStringLiteral("a\rbc") << QStringList{"; a\r", "; c"};
+    QTest::newRow("CR last") << QStringLiteral("a\r") << QStringList{"; a\r"};
+    QTest::newRow("CR LF then CR last")
+        << QStringLiteral("a\r\nb\r") << QStringList{"; a\r", "; b\r"};
+    QTest::newRow("LF alone stays in the line") << QStringLiteral("a\nb") << QStringList{"; a\nb"};
+    const QString longLine(40000, u'x');
+    QTest::newRow("CR beyond 16 bits")
+        << longLine + QStringLiteral("\r\ny") << QStringList{"; " + longLine + u'\r', "; y"};
+}
+
+void TestOutput::commentLines() {
+    QFETCH(QString, comment);
+    QFETCH(QStringList, lines);
+    QCOMPARE(CommentLines(comment), lines);
+}
+
+void TestOutput::codePage_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("ASCII and line ends")
+        << QStringLiteral("a \"b\";\r\n") << QByteArray("a \"b\";\r\n");
+    QTest::newRow("e acute") << QStringLiteral("\u00E9") << QByteArray("\xE9");
+    QTest::newRow("y diaeresis") << QStringLiteral("\u00FF") << QByteArray("\xFF");
+    QTest::newRow("no-break space") << QStringLiteral("\u00A0") << QByteArray("\xA0");
+    QTest::newRow("euro") << QStringLiteral("\u20AC") << QByteArray("\x80");
+    QTest::newRow("capital Y diaeresis") << QStringLiteral("\u0178") << QByteArray("\x9F");
+    QTest::newRow("dagger, em dash, trade mark")
+        << QStringLiteral("\u2020\u2014\u2122") << QByteArray("\x86\x97\x99");
+    QTest::newRow("C1 control") << QStringLiteral("\u0081") << QByteArray("?");
+    QTest::newRow("CJK") << QStringLiteral("a\u65E5b") << QByteArray("a?b");
+    QTest::newRow("outside the basic plane is one character")
+        << QString::fromUtf8("\xF0\x9F\x98\x80") << QByteArray("?");
+    QTest::newRow("lone surrogate") << QString(QChar(0xD800)) << QByteArray("?");
+}
+
+void TestOutput::codePage() {
+#ifdef Q_OS_WIN
+    QSKIP("On Windows the file takes the system's ANSI code page, whatever it is");
+#endif
+    QFETCH(QString, text);
+    QFETCH(QByteArray, bytes);
+    QCOMPARE(ToFileBytes(text), bytes);
+}
