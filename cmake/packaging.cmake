@@ -1,1 +1,114 @@
-# Installing and packaging come here.
+# Installing and packaging: the desktop entry, the icon theme files, the manual page and
+# the Debian package. `cmake --install build` puts everything under CMAKE_INSTALL_PREFIX;
+# `make package` builds rigwright_<version>_<arch>.deb in the build folder.
+include(GNUInstallDirs)
+
+set(rigwright_resources ${PROJECT_SOURCE_DIR}/resources)
+
+# --- Application icon ------------------------------------------------------------------
+# The PNGs are rendered at build time from our own XPM drawings by a small QtGui tool, so
+# the drawing stays the one source of the icon.
+set(rigwright_icon_sizes 16 22 24 32 48 64 128 256)
+set(rigwright_icon_large ${rigwright_resources}/pictures/rigwright_256.xpm)
+set(rigwright_icon_small ${rigwright_resources}/pictures/rigwright.xpm)
+set(rigwright_icon_dir ${CMAKE_BINARY_DIR}/icons)
+
+add_executable(rigwright-icon-png ${rigwright_resources}/icon_png.cpp)
+target_link_libraries(rigwright-icon-png PRIVATE Qt6::Gui)
+rigwright_warnings(rigwright-icon-png)
+
+set(rigwright_icon_files)
+foreach(size IN LISTS rigwright_icon_sizes)
+  list(APPEND rigwright_icon_files ${rigwright_icon_dir}/rigwright_${size}.png)
+endforeach()
+
+add_custom_command(
+  OUTPUT ${rigwright_icon_files}
+  COMMAND rigwright-icon-png ${rigwright_icon_large} ${rigwright_icon_small}
+          ${rigwright_icon_dir} ${rigwright_icon_sizes}
+  DEPENDS rigwright-icon-png ${rigwright_icon_large} ${rigwright_icon_small}
+  COMMENT "Rendering the application icon as PNG"
+  VERBATIM)
+
+# --- Manual page -----------------------------------------------------------------------
+# Debian keeps manual pages compressed; -n leaves the time stamp out so builds repeat.
+set(rigwright_man_dir ${CMAKE_BINARY_DIR}/man)
+set(rigwright_man ${rigwright_man_dir}/rigwright.1.gz)
+add_custom_command(
+  OUTPUT ${rigwright_man}
+  COMMAND ${CMAKE_COMMAND} -E copy ${rigwright_resources}/rigwright.1
+          ${rigwright_man_dir}/rigwright.1
+  COMMAND gzip -9nf ${rigwright_man_dir}/rigwright.1
+  DEPENDS ${rigwright_resources}/rigwright.1
+  COMMENT "Compressing the manual page"
+  VERBATIM)
+
+add_custom_target(rigwright-desktop-files ALL DEPENDS ${rigwright_icon_files} ${rigwright_man})
+
+# --- Install rules ---------------------------------------------------------------------
+# Our libraries are static, so the installed program needs no search path of its own; the
+# default one would point at a lib folder beside bin, which a system package must not use.
+set_target_properties(rigwright PROPERTIES INSTALL_RPATH "")
+
+foreach(size IN LISTS rigwright_icon_sizes)
+  install(FILES ${rigwright_icon_dir}/rigwright_${size}.png
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
+          RENAME rigwright.png)
+endforeach()
+install(FILES ${rigwright_resources}/rigwright.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${rigwright_man} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# The desktop entry is checked against the freedesktop rules where the checker is installed
+# (package desktop-file-utils); without it the test is not registered.
+find_program(RIGWRIGHT_DESKTOP_FILE_VALIDATE desktop-file-validate)
+if(BUILD_TESTING AND RIGWRIGHT_DESKTOP_FILE_VALIDATE)
+  add_test(NAME desktop_entry
+           COMMAND ${RIGWRIGHT_DESKTOP_FILE_VALIDATE} ${rigwright_resources}/rigwright.desktop)
+  # A hint still exits with 0, so any output at all counts as a failure.
+  set_tests_properties(desktop_entry PROPERTIES FAIL_REGULAR_EXPRESSION ".")
+endif()
+
+# --- Debian package --------------------------------------------------------------------
+# The icon cache and the menu database are refreshed by the triggers of the packages that
+# own them (hicolor-icon-theme, desktop-file-utils), so the package needs no scripts.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME rigwright)
+set(CPACK_PACKAGE_VENDOR "Rigwright")
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "wizard that writes DMX fixture definition files")
+# Debian shows the long description as it stands, so it is broken into lines here.
+string(JOIN "\n" CPACK_PACKAGE_DESCRIPTION
+  "Rigwright is a desktop wizard with which a lighting technician describes one"
+  "DMX-controlled stage fixture (a moving head, a scanning mirror or any other"
+  "unit): its general data, a table of its DMX channels with 25 presets, and the"
+  "labelled ranges of a channel's values. It writes one plain-text fixture"
+  "definition file (.R20) that a lighting desk loads to patch and drive the"
+  "fixture.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Rigwright developers <rigwright@localhost>"
+    CACHE STRING "Maintainer line of the Debian package")
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+
+# The Qt libraries are found by dpkg-shlibdeps (from dpkg-dev, which build-essential brings);
+# what the binary loads at run time without linking it is named here: the platform plugins
+# and the sans serif font the form falls back to.
+set(rigwright_runtime_depends "qt6-qpa-plugins, fonts-liberation2")
+find_program(RIGWRIGHT_DPKG_SHLIBDEPS dpkg-shlibdeps)
+if(RIGWRIGHT_DPKG_SHLIBDEPS)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS ${rigwright_runtime_depends})
+else()
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS
+      "libqt6widgets6 (>= 6.4), libqt6gui6 (>= 6.4), libqt6core6 (>= 6.4), \
+${rigwright_runtime_depends}")
+endif()
+
+set(CPACK_SOURCE_GENERATOR TGZ)
+set(CPACK_SOURCE_IGNORE_FILES "/\\\\.git/" "/build[^/]*/" "/\\\\.cache/")
+
+include(CPack)
