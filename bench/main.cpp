@@ -41,7 +41,7 @@ void FillTable(MainForm& f, int channelRows) {
 
 // Child process: one start of the form (or of the bare floor window); prints
 // "<milliseconds> <resident MiB after start> <resident MiB at full table>".
-int RunStartChild(int argc, char** argv, bool bare, int widgets) {
+int RunStartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
     gui::Application app(argc, argv);
     gui::seams::Reset();  // no real dialog can come up
     QElapsedTimer timer;
@@ -49,7 +49,7 @@ int RunStartChild(int argc, char** argv, bool bare, int widgets) {
     double ms = 0;
     double full = -1;
     if (bare) {
-        gui::testing::BareWindow window(widgets);
+        gui::testing::BareWindow window(QString::fromLatin1(arg).split(u','));
         window.PaintNow();
         ms = timer.nsecsElapsed() / 1e6;
         std::printf("%f %f %f\n", ms, bench::ResidentMiB(), full);
@@ -60,7 +60,10 @@ int RunStartChild(int argc, char** argv, bool bare, int widgets) {
     gui::testing::PaintNow(form.main);
     ms = timer.nsecsElapsed() / 1e6;
     const double afterStart = bench::ResidentMiB();
-    if (widgets < 0) std::printf("widgets %d\n", gui::testing::WidgetCount(form.main));
+    if (arg == "kinds") {
+        std::printf("kinds %s\n", qPrintable(gui::testing::ControlKinds(form.main).join(u',')));
+        return 0;
+    }
     FillTable(form, channels::kMaxChannelRows);
     full = bench::ResidentMiB();
     std::printf("%f %f %f\n", ms, afterStart, full);
@@ -86,34 +89,34 @@ StartFigures RunStart(const QString& self, const QStringList& args, int repeats)
     return {bench::Median(ms), bench::Median(mib), bench::Median(full)};
 }
 
-int WidgetCountOfForm(const QString& self) {
+QString KindsOfForm(const QString& self) {
     QProcess p;
-    p.start(self, {QStringLiteral("--start-form"), QStringLiteral("-1")});
+    p.start(self, {QStringLiteral("--start-form"), QStringLiteral("kinds")});
     p.waitForFinished(60000);
     for (const QByteArray& line : p.readAllStandardOutput().split('\n'))
-        if (line.startsWith("widgets ")) return line.mid(8).toInt();
-    return 200;
+        if (line.startsWith("kinds ")) return QString::fromLatin1(line.mid(6));
+    return {};
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc >= 3 && QByteArray(argv[1]) == "--start-form")
-        return RunStartChild(argc, argv, false, QByteArray(argv[2]).toInt());
+        return RunStartChild(argc, argv, false, QByteArray(argv[2]));
     if (argc >= 3 && QByteArray(argv[1]) == "--start-bare")
-        return RunStartChild(argc, argv, true, QByteArray(argv[2]).toInt());
+        return RunStartChild(argc, argv, true, QByteArray(argv[2]));
 
     gui::Application app(argc, argv);
     const QString self = QCoreApplication::applicationFilePath();
     std::vector<bench::Row> rows;
 
     // Start and memory, each start in a process of its own.
-    const int widgets = WidgetCountOfForm(self);
+    const QString kinds = KindsOfForm(self);
     const StartFigures form =
-        RunStart(self, {QStringLiteral("--start-form"), QStringLiteral("0")}, 7);
-    const StartFigures bare =
-        RunStart(self, {QStringLiteral("--start-bare"), QString::number(widgets)}, 7);
-    rows.push_back({QStringLiteral("start: form, Form_Load, first paint (%1 widgets)").arg(widgets),
+        RunStart(self, {QStringLiteral("--start-form"), QStringLiteral("full")}, 7);
+    const StartFigures bare = RunStart(self, {QStringLiteral("--start-bare"), kinds}, 7);
+    rows.push_back({QStringLiteral("start: form, Form_Load, first paint (%1 controls)")
+                        .arg(kinds.count(u',') + 1),
                     form.ms, QStringLiteral("ms"), bare.ms, 1.5, 0});
     rows.push_back({QStringLiteral("resident memory after start"), form.mib, QStringLiteral("MiB"),
                     bare.mib, 1.2, 0});

@@ -7,7 +7,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 #include <QTest>
 #include <QTextEdit>
 
@@ -181,11 +183,35 @@ bool WaitForShown(Form& form) {
 
 namespace gui::testing {
 
-BareWindow::BareWindow(int widgets) : window_(new QWidget) {
+BareWindow::BareWindow(const QStringList& kinds) : window_(new QWidget) {
     window_->resize(650, 484);
-    for (int i = 0; i < widgets; ++i) {
-        auto* label = new QLabel(QStringLiteral("label %1").arg(i), window_);
-        label->setGeometry((i % 10) * 64, (i / 10) * 4 % 480, 60, 16);
+    int i = 0;
+    for (const QString& kind : kinds) {
+        QWidget* w = nullptr;
+        if (kind == u"QGroupBox")
+            w = new QGroupBox(QStringLiteral("frame"), window_);
+        else if (kind == u"QLineEdit")
+            w = new QLineEdit(QStringLiteral("text"), window_);
+        else if (kind == u"QTextEdit")
+            w = new QTextEdit(QStringLiteral("text"), window_);
+        else if (kind == u"QComboBox")
+            w = new QComboBox(window_);
+        else if (kind == u"QRadioButton")
+            w = new QRadioButton(QStringLiteral("option"), window_);
+        else if (kind == u"QCheckBox")
+            w = new QCheckBox(QStringLiteral("check"), window_);
+        else if (kind == u"QPushButton")
+            w = new QPushButton(QStringLiteral("button"), window_);
+        else if (kind == u"QListWidget")
+            w = new QListWidget(window_);
+        else if (kind == u"QTableView")
+            w = new QTableView(window_);
+        else if (kind == u"QFrame")
+            w = new QFrame(window_);
+        else
+            w = new QLabel(QStringLiteral("label"), window_);
+        w->setGeometry((i % 10) * 64, (i / 10) * 24 % 460, 60, 20);
+        ++i;
     }
     window_->show();
 }
@@ -199,6 +225,24 @@ void BareWindow::PaintNow() {
 
 int WidgetCount(Form& form) {
     return 1 + static_cast<int>(form.widget()->findChildren<QWidget*>().size());
+}
+
+QStringList ControlKinds(Form& form) {
+    // The Qt classes that stand behind our own widget classes.
+    static const char* const kBases[] = {"QGroupBox",    "QLineEdit", "QTextEdit",   "QComboBox",
+                                         "QRadioButton", "QCheckBox", "QPushButton", "QListWidget",
+                                         "QTableView",   "QLabel",    "QFrame"};
+    QStringList kinds;
+    for (QWidget* w : form.widget()->findChildren<QWidget*>()) {
+        if (w->objectName().isEmpty() || w->objectName().startsWith(u"qt_")) continue;
+        for (const char* base : kBases) {
+            if (w->inherits(base)) {
+                kinds << QString::fromLatin1(base);
+                break;
+            }
+        }
+    }
+    return kinds;
 }
 
 void PaintNow(Control& control) {

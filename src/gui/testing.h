@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 #include <Qt>
 
 #include "gui/control.h"
@@ -50,11 +51,12 @@ bool BoldOf(QObject* control);
 
 namespace gui::testing {
 
-// The floor that the form's start is measured against: a plain Qt window holding
-// `widgets` plain labels, shown.
+// The floor that the form's start is measured against: a plain Qt window holding the same
+// kinds of Qt widgets as the form's controls, as many of each, with Qt's defaults and
+// nothing of ours (no catalogue, fonts, colours, pictures or logic), shown.
 class BareWindow {
   public:
-    explicit BareWindow(int widgets);
+    explicit BareWindow(const QStringList& kinds);
     ~BareWindow();
     BareWindow(const BareWindow&) = delete;
     BareWindow& operator=(const BareWindow&) = delete;
@@ -64,8 +66,9 @@ class BareWindow {
     QWidget* window_;
 };
 
-int WidgetCount(Form& form);      // the form and everything on it
-void PaintNow(Control& control);  // renders it in full at once
+int WidgetCount(Form& form);           // the form and everything on it
+QStringList ControlKinds(Form& form);  // the Qt class of each named control on the form
+void PaintNow(Control& control);       // renders it in full at once
 
 }  // namespace gui::testing
 
