@@ -1,5 +1,6 @@
 #include "gui/widgets.h"
 
+#include <QHash>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -13,11 +14,17 @@ QFont FontFor(const Look& look) {
     static const QStringList families{QStringLiteral("MS Sans Serif"),
                                       QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
                                       QStringLiteral("DejaVu Sans"), QStringLiteral("Sans Serif")};
+    // Controls of one look share one font, so that Qt looks each font up once.
+    static QHash<QString, QFont> made;
+    const QString key = QStringLiteral("%1/%2/%3").arg(look.points).arg(look.bold).arg(look.italic);
+    const auto found = made.constFind(key);
+    if (found != made.constEnd()) return *found;
     QFont font;
     font.setFamilies(families);
     font.setPointSizeF(look.points);
     font.setBold(look.bold);
     font.setItalic(look.italic);
+    made.insert(key, font);
     return font;
 }
 
