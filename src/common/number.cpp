@@ -70,9 +70,40 @@ double Parse(QStringView number) {
                     : std::numeric_limits<double>::infinity();
 }
 
-}  // namespace
+// Up to this many digits a whole number is exact in 64 bits, and converting it to double
+// rounds it just as the general converter rounds its decimal text.
+constexpr qsizetype kPlainDigits = 18;
 
-double LeadingNumber(QStringView text) {
+// A plain whole number read in one pass: blanks, an optional sign and digits, then the end
+// or a character that cannot continue the number. Most cells hold one (or nothing).
+struct Plain {
+    enum Kind { kNone, kWhole, kOther } kind;  // no number at the start, plain, anything else
+    double value;
+    qsizetype end;  // behind the last digit
+};
+
+Plain ReadPlain(QStringView text) {
+    const QChar* const data = text.data();
+    const qsizetype n = text.size();
+    qsizetype pos = 0;
+    while (pos < n && IsBlank(data[pos])) ++pos;
+    bool negative = false;
+    if (pos < n && (data[pos] == u'+' || data[pos] == u'-')) negative = data[pos++] == u'-';
+    const qsizetype first = pos;
+    std::uint64_t whole = 0;
+    while (pos < n && IsDigit(data[pos]) && pos - first < kPlainDigits)
+        whole = whole * 10 + (data[pos++].unicode() - u'0');
+    if (pos < n) {
+        const QChar next = data[pos];
+        if (next == u'.' || next == u'e' || next == u'E' || IsDigit(next))
+            return {Plain::kOther, 0, pos};
+    }
+    if (pos == first) return {Plain::kNone, 0, pos};
+    const double v = static_cast<double>(whole);
+    return {Plain::kWhole, negative ? -v : v, pos};
+}
+
+double GeneralLeadingNumber(QStringView text) {
     qsizetype pos = 0;
     while (pos < text.size() && IsBlank(text[pos])) ++pos;
     const qsizetype len = NumberLength(text, pos);
@@ -80,7 +111,21 @@ double LeadingNumber(QStringView text) {
     return Parse(text.mid(pos, len));
 }
 
+}  // namespace
+
+double LeadingNumber(QStringView text) {
+    const Plain plain = ReadPlain(text);
+    if (plain.kind == Plain::kOther) return GeneralLeadingNumber(text);
+    return plain.value;
+}
+
 std::optional<double> WholeNumber(QStringView text) {
+    const Plain plain = ReadPlain(text);
+    if (plain.kind == Plain::kWhole) {
+        qsizetype rest = plain.end;
+        while (rest < text.size() && IsBlank(text[rest])) ++rest;
+        if (rest == text.size()) return plain.value;
+    }
     qsizetype pos = 0;
     qsizetype end = text.size();
     while (pos < end && IsBlank(text[pos])) ++pos;

@@ -1,41 +1,15 @@
 #include "output/channel_line.h"
 
 #include "common/number.h"
+#include "gui/grid_model.h"
+#include "output/channel_columns.h"
 #include "wizard/main_form.h"
+
+using namespace output;
 
 namespace {
 
-// The columns of the channel grid that reach the file.
-enum Column : int {
-    kDmx1 = 1,
-    kDmx2 = 2,
-    kChannelType = 3,
-    kAttributeType = 4,
-    kKey = 5,
-    kWheel = 6,
-    kLabel = 7,
-    kCurve = 8,
-    kInv = 9,
-    kRatio = 10,
-    kLocate = 11,
-    kHighlight = 12,
-    kLowlight = 13,
-    kComment = 14,
-    kColumns = 15,
-};
-
-constexpr int kLabelLength = 12;
-
-// The letter of the channel type. The high byte line of a 16-bit channel has a letter of its
-// own (lower case, or none for HTP); the other lines carry the plain one.
-QLatin1String TypeLetter(const QString& channelType, bool highByte) {
-    if (channelType == QLatin1String("HTP (usually dimmer)"))
-        return highByte ? QLatin1String() : QLatin1String("H");
-    if (channelType == QLatin1String("FADEABLE LTP")) return QLatin1String(highByte ? "s" : "L");
-    if (channelType == QLatin1String("INDEXED LTP (not fadeable, such as gobo)"))
-        return QLatin1String(highByte ? "S" : "I");
-    return {};
-}
+constexpr int kColumns = kChannelColumns;
 
 QString NumberOf(const QString& cell) {
     return common::NumberText(common::LeadingNumber(cell));
@@ -48,6 +22,32 @@ QStringView TokenOf(QStringView text) {
 }
 
 }  // namespace
+
+ChannelKind output::KindOf(QStringView channelType) {
+    // Told apart by length first: a full grid asks this twice per row.
+    static constexpr QLatin1String kHtp("HTP (usually dimmer)");
+    static constexpr QLatin1String kFadeable("FADEABLE LTP");
+    static constexpr QLatin1String kIndexed("INDEXED LTP (not fadeable, such as gobo)");
+    const qsizetype size = channelType.size();
+    if (size == kHtp.size() && channelType == kHtp) return ChannelKind::kHtp;
+    if (size == kFadeable.size() && channelType == kFadeable) return ChannelKind::kFadeable;
+    if (size == kIndexed.size() && channelType == kIndexed) return ChannelKind::kIndexed;
+    return ChannelKind::kOther;
+}
+
+QLatin1String output::TypeLetter(ChannelKind kind, bool highByte) {
+    switch (kind) {
+        case ChannelKind::kHtp:
+            return highByte ? QLatin1String() : QLatin1String("H");
+        case ChannelKind::kFadeable:
+            return QLatin1String(highByte ? "s" : "L");
+        case ChannelKind::kIndexed:
+            return QLatin1String(highByte ? "S" : "I");
+        case ChannelKind::kOther:
+            break;
+    }
+    return {};
+}
 
 QString LeadingToken(const QString& text) {
     return TokenOf(text).toString();
@@ -85,7 +85,7 @@ std::optional<QString> ChannelLineOf(const QStringList& cells, bool lowByte) {
         token(kWheel);
     }
     blank();
-    line.append(TypeLetter(cell(kChannelType), highByte));
+    line.append(TypeLetter(KindOf(cell(kChannelType)), highByte));
     blank();
     token(lowByte ? kDmx2 : kDmx1);
     blank();
@@ -111,6 +111,7 @@ std::optional<QString> BuildChannelLine(const MainForm& f, std::int16_t row, boo
     QStringList cells;
     cells.reserve(kColumns);
     cells.append(QString());  // the line mark is never read
-    for (int column = 1; column < kColumns; ++column) cells.append(f.table.TextMatrix(row, column));
+    const gui::GridModel& grid = *f.table.model();
+    for (int column = 1; column < kColumns; ++column) cells.append(grid.Cell(row, column));
     return ChannelLineOf(cells, lowByte);
 }

@@ -3,8 +3,6 @@
 #include <QDateTime>
 #include <QIODevice>
 #include <algorithm>
-#include <cstdint>
-#include <optional>
 
 #include "common/number.h"
 #include "gui/system.h"
@@ -15,7 +13,6 @@
 
 namespace {
 
-constexpr int kDmx2Column = 2;
 constexpr int kMaxRows = 32767;  // the row counter is 16 bits wide
 constexpr double kDmxUniverse = 512;
 
@@ -23,7 +20,7 @@ constexpr double kDmxUniverse = 512;
 // it, writes nothing more.
 class LineWriter {
   public:
-    explicit LineWriter(QIODevice& out) : out_(out) {}
+    explicit LineWriter(QIODevice& out) : out_(out) { pending_.reserve(kChunk + kChunk / 4); }
 
     void line(const QString& text) {
         if (!outcome_.ok) return;
@@ -32,21 +29,17 @@ class LineWriter {
         if (pending_.size() >= kChunk) flush();
     }
     void line(const char* ascii) { line(QString::fromLatin1(ascii)); }
+    // The lines of one channel row, encoded straight into the gathered bytes.
+    void channelRow(const MainForm& f, int row) {
+        if (!outcome_.ok) return;
+        AppendChannelRowBytes(f, row, pending_);
+        if (pending_.size() >= kChunk) flush();
+    }
 
-    // Hands the gathered bytes to the device. A device may take part of them and tell the
-    // reason only when asked for the rest, so it is asked until it takes all or refuses.
+    // Hands the gathered bytes to the device.
     void flush() {
-        qsizetype done = 0;
-        while (outcome_.ok && done < pending_.size()) {
-            const qint64 n = out_.write(pending_.constData() + done, pending_.size() - done);
-            if (n <= 0) {
-                outcome_.ok = false;
-                outcome_.error = out_.errorString();
-            } else {
-                done += n;
-            }
-        }
-        pending_.clear();
+        send(pending_);
+        pending_.resize(0);  // keeps its room for the next chunk
     }
     bool ok() const { return outcome_.ok; }
     WriteOutcome finish() {
@@ -55,6 +48,21 @@ class LineWriter {
     }
 
   private:
+    // A device may take part of the bytes and tell the reason only when asked for the rest,
+    // so it is asked until it takes all or refuses.
+    void send(const QByteArray& bytes) {
+        qsizetype done = 0;
+        while (outcome_.ok && done < bytes.size()) {
+            const qint64 n = out_.write(bytes.constData() + done, bytes.size() - done);
+            if (n <= 0) {
+                outcome_.ok = false;
+                outcome_.error = out_.errorString();
+            } else {
+                done += n;
+            }
+        }
+    }
+
     static constexpr qsizetype kChunk = 64 * 1024;
     QIODevice& out_;
     QByteArray pending_;
@@ -81,17 +89,7 @@ QString MaxDmxLine(const MainForm& f) {
 // One line per 8-bit row, two per 16-bit row; a row without a number in dmx2 writes none.
 void WriteChannelLines(const MainForm& f, LineWriter& w) {
     const int rows = std::min(f.table.Rows(), kMaxRows + 1);
-    for (int r = 1; r < rows && w.ok(); ++r) {
-        const auto row = static_cast<std::int16_t>(r);
-        const std::optional<QString> first = BuildChannelLine(f, row, false);
-        if (!first) continue;
-        w.line(*first);
-        const std::optional<double> dmx2 =
-            common::WholeNumber(f.table.TextMatrix(row, kDmx2Column));
-        if (dmx2 && *dmx2 > 0) {
-            if (const std::optional<QString> low = BuildChannelLine(f, row, true)) w.line(*low);
-        }
-    }
+    for (int r = 1; r < rows && w.ok(); ++r) w.channelRow(f, r);
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 #include <cmath>
+#include <cstdlib>
+#include <limits>
 
 #include "common/number.h"
 
@@ -28,11 +32,65 @@ class TestNumber : public QObject {
         QTest::newRow("second point") << "1.2.3" << 1.2;
         QTest::newRow("blank inside") << "1 2" << 1.0;
         QTest::newRow("short form") << "61> B (right)" << 61.0;
+        // Where a plain whole number ends and the general reading takes over.
+        QTest::newRow("minus zero") << "-0" << -0.0;
+        QTest::newRow("blanks then letter") << "  12x" << 12.0;
+        QTest::newRow("tab and sign") << "\t-12" << -12.0;
+        QTest::newRow("leading zeros") << "007" << 7.0;
+        QTest::newRow("point then letter") << "5.x" << 5.0;
+        QTest::newRow("point then digits") << "5.25" << 5.25;
+        QTest::newRow("exponent after whole") << "5e3" << 5000.0;
+        QTest::newRow("exponent without digits") << "5e" << 5.0;
+        QTest::newRow("capital exponent") << "5E+2x" << 500.0;
+        QTest::newRow("sign then blank") << "- 5" << 0.0;
+        QTest::newRow("sign then point") << "-.5" << -0.5;
+        QTest::newRow("15 digits") << "123456789012345" << 123456789012345.0;
+        QTest::newRow("16 digits") << "1234567890123456" << 1234567890123456.0;
+        QTest::newRow("18 digits") << "123456789012345678" << 123456789012345678.0;
+        QTest::newRow("19 digits") << "1234567890123456789" << 1234567890123456789.0;
+        QTest::newRow("2^53 + 1 rounds to even") << "9007199254740993" << 9007199254740992.0;
+        QTest::newRow("2^53 + 3 rounds to even") << "9007199254740995" << 9007199254740996.0;
+        QTest::newRow("many leading zeros") << "0000000000000000000000042" << 42.0;
+        QTest::newRow("30 digits")
+            << "123456789012345678901234567890" << 123456789012345678901234567890.0;
     }
     void leadingNumber() {
         QFETCH(QString, text);
         QFETCH(double, value);
-        QCOMPARE(common::LeadingNumber(text), value);
+        const double read = common::LeadingNumber(text);
+        QCOMPARE(read, value);
+        QCOMPARE(std::signbit(read), std::signbit(value));
+    }
+
+    // Random texts of number characters against a reading of their own: the longest number
+    // at the start (after blanks), converted by the C library.
+    void leadingNumberMatchesReference() {
+        static const QRegularExpression kNumber(
+            QStringLiteral("^[ \t]*([+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?)"));
+        static const char kAlphabet[] = " \t+-.eE0123456789x>";
+        QRandomGenerator random(20240307);
+        for (int i = 0; i < 20000; ++i) {
+            QString text;
+            const int length = random.bounded(12);
+            for (int k = 0; k < length; ++k) {
+                // Digits more often than the rest, so that long numbers come up.
+                const bool digit = random.bounded(2) == 0;
+                text += digit ? QChar(u'0' + random.bounded(10))
+                              : QChar(kAlphabet[random.bounded(int(sizeof kAlphabet) - 1)]);
+            }
+            if (random.bounded(8) == 0) text += QString(random.bounded(20), u'7');
+            const QRegularExpressionMatch m = kNumber.match(text);
+            const double expected =
+                m.hasMatch() ? std::strtod(m.captured(1).toLatin1().constData(), nullptr) : 0.0;
+            // Below the normal range the two readings may part (0 against a subnormal).
+            if (expected != 0 && std::fabs(expected) < std::numeric_limits<double>::min()) continue;
+            const double read = common::LeadingNumber(text);
+            if (read != expected || std::signbit(read) != std::signbit(expected))
+                QFAIL(qPrintable(QStringLiteral("\"%1\" read as %2, expected %3")
+                                     .arg(text)
+                                     .arg(read, 0, 'g', 17)
+                                     .arg(expected, 0, 'g', 17)));
+        }
     }
 
     void wholeNumber_data() {
@@ -46,6 +104,16 @@ class TestNumber : public QObject {
         QTest::newRow("trailing letter") << "15x" << false << 0.0;
         QTest::newRow("fraction") << "2.5" << true << 2.5;
         QTest::newRow("exponent") << "1e1" << true << 10.0;
+        QTest::newRow("signs") << "+5" << true << 5.0;
+        QTest::newRow("minus zero") << "-0" << true << -0.0;
+        QTest::newRow("tabs around") << "\t7\t" << true << 7.0;
+        QTest::newRow("leading zeros") << "007" << true << 7.0;
+        QTest::newRow("trailing point") << "5." << true << 5.0;
+        QTest::newRow("exponent after whole") << " 5e3 " << true << 5000.0;
+        QTest::newRow("exponent without digits") << "5e" << false << 0.0;
+        QTest::newRow("two numbers") << "1 2" << false << 0.0;
+        QTest::newRow("lone sign") << "-" << false << 0.0;
+        QTest::newRow("19 digits") << "1234567890123456789" << true << 1234567890123456789.0;
     }
     void wholeNumber() {
         QFETCH(QString, text);
@@ -53,7 +121,10 @@ class TestNumber : public QObject {
         QFETCH(double, value);
         const auto result = common::WholeNumber(text);
         QCOMPARE(result.has_value(), isNumber);
-        if (isNumber) QCOMPARE(*result, value);
+        if (isNumber) {
+            QCOMPARE(*result, value);
+            QCOMPARE(std::signbit(*result), std::signbit(value));
+        }
     }
 
     void roundsHalfToEven_data() {

@@ -26,6 +26,14 @@ class TestOutput : public FormFixture {
     void quoteLabel_data();
     void quoteLabel();
 
+    // Properties over random cells.
+    void rowBytesMatchLineTexts();
+    void channelLineShape();
+    void quoteLabelShape();
+    void leadingTokenShape();
+    void commentLinesShape();
+    void fileHoldsEveryRowLine();
+
     // Pure text.
     void commentLines_data();
     void commentLines();

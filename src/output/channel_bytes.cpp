@@ -1,0 +1,236 @@
+// The channel lines of a whole grid straight into the file's bytes. A row of plain ASCII,
+// which is nearly every row, is written byte by byte without building its text; any other
+// row goes the way of its text and the code page (ChannelLineOf, ToFileBytes).
+
+#include <QStringList>
+#include <algorithm>
+#include <cstring>
+
+#include "common/number.h"
+#include "gui/grid_model.h"
+#include "output/channel_columns.h"
+#include "output/channel_line.h"
+#include "output/code_page.h"
+#include "wizard/main_form.h"
+
+using namespace output;
+
+namespace {
+
+bool IsBlank(char16_t c) {
+    return c == u' ' || c == u'\t';
+}
+bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+
+// Whole numbers of up to this many digits print as they are read (no exponent form).
+constexpr qsizetype kPlainDigits = 15;
+
+// How far ahead of the row being written its cells, and then their texts, are fetched.
+constexpr int kRowAhead = 16;
+constexpr int kTextAhead = 8;
+
+// Writes into room made beforehand. Every character written is also gathered into `seen`,
+// so that one test at the end tells whether the row held anything beyond ASCII.
+class Bytes {
+  public:
+    explicit Bytes(char* at) : p_(at) {}
+
+    void text(QStringView s) {
+        for (const QChar c : s) {
+            seen_ |= c.unicode();
+            *p_++ = static_cast<char>(c.unicode());
+        }
+    }
+    void literal(const char* s, std::size_t n) {
+        std::memcpy(p_, s, n);
+        p_ += n;
+    }
+    template <std::size_t N>
+    void literal(const char (&s)[N]) {
+        literal(s, N - 1);
+    }
+    void letter(char c) { *p_++ = c; }
+    // The type letter, none or one.
+    void letters(QLatin1String s) {
+        if (!s.isEmpty()) letter(s.data()[0]);
+    }
+
+    // The text up to the first ">" or blank.
+    void token(QStringView s) {
+        for (const QChar c : s) {
+            if (c == u'>' || c == u' ') break;
+            seen_ |= c.unicode();
+            *p_++ = static_cast<char>(c.unicode());
+        }
+    }
+
+    // The label without its leading blanks, cut to 12 characters, in double quotes. Only
+    // ASCII counts here: a surrogate sends the row the general way anyway.
+    void label(QStringView s) {
+        qsizetype start = 0;
+        while (start < s.size() && s[start] == u' ') ++start;
+        letter('"');
+        text(s.sliced(start, std::min<qsizetype>(kLabelLength, s.size() - start)));
+        letter('"');
+    }
+
+    // NumberText of LeadingNumber: a plain whole number is copied without its sign "+" and
+    // its leading zeros; anything else is read and printed the general way.
+    void number(QStringView s) {
+        const QChar* const d = s.data();
+        const qsizetype n = s.size();
+        qsizetype i = 0;
+        while (i < n && IsBlank(d[i].unicode())) ++i;
+        bool negative = false;
+        if (i < n && (d[i] == u'-' || d[i] == u'+')) negative = d[i++] == u'-';
+        while (i < n && d[i] == u'0') ++i;
+        const qsizetype first = i;
+        while (i < n && IsDigit(d[i].unicode())) ++i;
+        const bool plain = i == n || (d[i] != u'.' && d[i] != u'e' && d[i] != u'E');
+        if (!plain || i - first > kPlainDigits) {
+            text(common::NumberText(common::LeadingNumber(s)));
+        } else if (i == first) {
+            letter('0');  // no number, or zero of either sign
+        } else {
+            if (negative) letter('-');
+            text(s.sliced(first, i - first));
+        }
+    }
+
+    char* end() const { return p_; }
+    bool ascii() const { return seen_ < 0x80; }
+
+  private:
+    char* p_;
+    char16_t seen_ = 0;
+};
+
+// Whether dmx2 holds a number, and then whether it is above 0 (the row has a low byte line).
+// A plain whole number, as nearly every cell holds, is read here in one pass.
+std::optional<bool> Dmx2AboveZero(QStringView s) {
+    const QChar* const d = s.data();
+    const qsizetype n = s.size();
+    qsizetype i = 0;
+    while (i < n && IsBlank(d[i].unicode())) ++i;
+    bool negative = false;
+    if (i < n && (d[i] == u'-' || d[i] == u'+')) negative = d[i++] == u'-';
+    const qsizetype first = i;
+    bool nonZero = false;
+    while (i < n && IsDigit(d[i].unicode()) && i - first <= kPlainDigits) nonZero |= d[i++] != u'0';
+    if (i > first && i - first <= kPlainDigits) {
+        while (i < n && IsBlank(d[i].unicode())) ++i;
+        if (i == n) return nonZero && !negative;
+    }
+    const std::optional<double> value = common::WholeNumber(s);
+    if (!value) return std::nullopt;
+    return *value > 0;
+}
+
+// Room enough for both lines of a row: every character of a cell becomes at most one byte,
+// a number at most this many, and the fixed parts fit in the rest.
+constexpr qsizetype kNumberRoom = 32;
+constexpr qsizetype kFixedRoom = 64;
+
+qsizetype RoomFor(const ChannelCells& cells) {
+    const qsizetype chars = cells[1].size() + cells[2].size() + cells[3].size() + cells[4].size() +
+                            cells[5].size() + cells[6].size() + cells[7].size() + cells[8].size() +
+                            cells[9].size() + cells[10].size() + cells[11].size() +
+                            cells[12].size() + cells[13].size() + cells[14].size();
+    return 2 * (chars + 3 * kNumberRoom + kFixedRoom);
+}
+
+// The general way: the text of each line through the code page.
+void AppendThroughText(const ChannelCells& cells, bool lowLine, QByteArray& out) {
+    QStringList texts;
+    texts.reserve(kChannelColumns);
+    for (const QStringView cell : cells) texts.append(cell.toString());
+    out.append(ToFileBytes(*ChannelLineOf(texts, false)));
+    out.append("\r\n", 2);
+    if (!lowLine) return;
+    out.append(ToFileBytes(*ChannelLineOf(texts, true)));
+    out.append("\r\n", 2);
+}
+
+}  // namespace
+
+bool AppendChannelRowBytes(const ChannelCells& cells, QByteArray& out) {
+    const std::optional<bool> aboveZero = Dmx2AboveZero(cells[kDmx2]);
+    if (!aboveZero) return false;
+    const bool lowLine = *aboveZero;
+
+    const qsizetype start = out.size();
+    const qsizetype room = RoomFor(cells);
+    if (out.capacity() - start < room) out.reserve(std::max(2 * out.capacity(), start + room));
+    out.resize(start + room);
+    char* const base = out.data() + start;
+
+    // Fields 1 to 12 with one blank between them, as ChannelLineOf puts them.
+    Bytes b(base);
+    b.token(cells[kKey]);
+    b.letter(' ');
+    b.token(cells[kWheel]);
+    b.letter(' ');
+    const ChannelKind kind = KindOf(cells[kChannelType]);
+    b.letters(TypeLetter(kind, lowLine));
+    b.letter(' ');
+    b.token(cells[kDmx1]);
+    // From here on both lines are the same.
+    char* const tail = b.end();
+    b.letter(' ');
+    b.token(cells[kRatio]);
+    b.letter(' ');
+    b.token(cells[kCurve]);
+    b.token(cells[kInv]);
+    b.letter(' ');
+    b.token(cells[kAttributeType]);
+    b.literal(" 1 ");
+    b.label(cells[kLabel]);
+    for (const int column : {kLocate, kHighlight, kLowlight}) {
+        b.letter(' ');
+        b.number(cells[column]);
+    }
+    b.literal("  ;");
+    b.text(cells[kComment]);
+    b.literal("\r\n");
+    const std::size_t tailSize = static_cast<std::size_t>(b.end() - tail);
+
+    if (lowLine) {
+        b.literal("0 0 ");
+        b.letters(TypeLetter(kind, false));
+        b.letter(' ');
+        b.token(cells[kDmx2]);
+        b.literal(tail, tailSize);
+    }
+
+    if (!b.ascii()) {
+        out.resize(start);
+        AppendThroughText(cells, lowLine, out);
+        return true;
+    }
+    out.resize(start + (b.end() - base));
+    return true;
+}
+
+bool AppendChannelRowBytes(const MainForm& f, int row, QByteArray& out) {
+    const gui::GridModel& grid = *f.table.model();
+#if defined(__GNUC__) || defined(__clang__)
+    // Rows and distinct texts lie apart in memory, and a full grid does not fit the caches:
+    // rows are written in order, so the cells of a row some steps ahead are asked for now
+    // and the texts of a nearer row, whose cells have arrived by then.
+    if (row + kRowAhead < grid.Rows()) {
+        // Every other cell: a cache line holds more than two.
+        for (int c = 0; c < kChannelColumns; c += 2)
+            __builtin_prefetch(&grid.Cell(row + kRowAhead, c));
+    }
+    if (row + kTextAhead < grid.Rows()) {
+        for (int c = 1; c < kChannelColumns; ++c)
+            __builtin_prefetch(grid.Cell(row + kTextAhead, c).constData());
+    }
+#endif
+    auto at = [&grid, row](int column) { return QStringView(grid.Cell(row, column)); };
+    const ChannelCells cells = {at(0), at(1), at(2),  at(3),  at(4),  at(5),  at(6), at(7),
+                                at(8), at(9), at(10), at(11), at(12), at(13), at(14)};
+    return AppendChannelRowBytes(cells, out);
+}
