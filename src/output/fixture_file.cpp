@@ -16,7 +16,7 @@ namespace {
 constexpr int kMaxRows = 32767;  // the row counter is 16 bits wide
 constexpr double kDmxUniverse = 512;
 
-// Writes lines in order, gathered into large writes, and remembers the first failure; after
+// Writes lines in order, gathered into writes of a megabyte or so, and remembers the first failure; after
 // it, writes nothing more.
 class LineWriter {
   public:
@@ -63,7 +63,7 @@ class LineWriter {
         }
     }
 
-    static constexpr qsizetype kChunk = 64 * 1024;
+    static constexpr qsizetype kChunk = 1024 * 1024;
     QIODevice& out_;
     QByteArray pending_;
     WriteOutcome outcome_;
