@@ -291,6 +291,9 @@ void ComboBox::create(Control& parent, const QString& name, const Look& look) {
     QObject::connect(box_, &QComboBox::activated, box_, [this](int index) { listIndex_ = index; });
     QObject::connect(box_->lineEdit(), &QLineEdit::textEdited, box_,
                      [this](const QString&) { listIndex_ = -1; });
+    // When the edit box loses the focus, QComboBox picks the item whose text was typed and
+    // reports it as chosen. Typing is not picking: only the list and the cursor keys choose.
+    QObject::disconnect(box_->lineEdit(), SIGNAL(editingFinished()), box_, nullptr);
 }
 
 QString ComboBox::Text() const {

@@ -137,11 +137,13 @@ int Grid::RowSel() const {
 }
 
 void Grid::setRow(int row) {
+    if (row < 1 || row >= Rows()) return;  // the fixed row never becomes current
     view_->resetAnchor();
     view_->setCurrentIndex(model_->index(row - 1, Col() - 1));
 }
 
 void Grid::setCol(int col) {
+    if (col < 1 || col >= Cols()) return;  // nor does the fixed column
     view_->resetAnchor();
     view_->setCurrentIndex(model_->index(Row() - 1, col - 1));
 }

@@ -11,7 +11,6 @@ using gui::testing::Click;
 void TestChannels::nextFreeDmx_data() {
     QTest::addColumn<QStringList>("offsets");  // "dmx1;dmx2" a row
     QTest::addColumn<int>("expected");
-
     QTest::newRow("blank first row") << QStringList{";0"} << 1;
     QTest::newRow("gap stays free") << QStringList{"1;0", "2;0", "5;0"} << 6;
     QTest::newRow("dmx2 counts like dmx1") << QStringList{"3;9"} << 10;
@@ -31,51 +30,39 @@ void TestChannels::nextFreeDmx() {
     QCOMPARE(NextFreeDmx(form()), expected);
 }
 
-void TestChannels::nextFreeDmxFallsWhenHighestRowGoes() {
-    setOffsets({"1;0", "9;0", "3;0"});
-    QCOMPARE(NextFreeDmx(form()), 10);
-    form().table.setRow(2);
-    Click(form().delete_);
-    QCOMPARE(NextFreeDmx(form()), 4);
-}
-
-void TestChannels::addMarksRowIndex() {
+void TestChannels::addAndDelete() {
     watchModel();
-    Click(form().add);
-    Click(form().add);
-    QCOMPARE(form().table.Rows(), 4);
-    for (int r = 1; r <= 3; ++r) QCOMPARE(form().table.TextMatrix(r, 0), QString::number(r));
-    QCOMPARE(rowText(2), QString("2" + QString(14, u';')));  // nothing but the mark
+    gui::Grid& table = form().table;
+    const QStringList first = bodyRows();
+    Click(form().delete_);  // the last row stays
+    QCOMPARE(bodyRows(), first);
+    QCOMPARE(form().errormessage[2].Caption(), QString());
 
-    form().table.setRow(2);
+    // A new row holds nothing but its mark: the row count when it was added.
+    Click(form().add);
+    Click(form().add);
+    QCOMPARE(bodyRows().mid(1), (QStringList{"2" + QString(14, u';'), "3" + QString(14, u';')}));
+    table.setRow(2);
     Click(form().delete_);
     Click(form().add);
-    QCOMPARE(form().table.TextMatrix(1, 0), "1");
-    QCOMPARE(form().table.TextMatrix(2, 0), "3");
-    QCOMPARE(form().table.TextMatrix(3, 0), "3");
-
+    QCOMPARE(table.TextMatrix(2, 0) + table.TextMatrix(3, 0), "33");
     // After a preset, the mark is the true row index again.
     Click(form().adddef);
     Click(form().Command6[12]);
     Click(form().add);
-    QCOMPARE(form().table.TextMatrix(4, 0), "#");
-    QCOMPARE(form().table.TextMatrix(5, 0), "5");
-}
+    QCOMPARE(table.TextMatrix(4, 0) + table.TextMatrix(5, 0), "#5");
 
-void TestChannels::deleteKeepsLastRow() {
-    watchModel();
-    const QString before = rowText(1);
+    // The next free offset falls when the row with the highest goes.
+    setOffsets({"1;0", "9;0", "3;0"});
+    QCOMPARE(NextFreeDmx(form()), 10);
+    table.setRow(2);
     Click(form().delete_);
-    QCOMPARE(form().table.Rows(), 2);
-    QCOMPARE(rowText(1), before);
-    QCOMPARE(form().errormessage[2].Caption(), QString());
+    QCOMPARE(NextFreeDmx(form()), 4);
 }
 
-void TestChannels::addAndDeleteCommitTheOpenEditFirst() {
-    watchModel();
+void TestChannels::commandsCommitTheOpenEditFirst() {
     Click(form().add);
     Click(form().add);
-
     // add: the entry lands in its own cell, then the row is added.
     openCell(1, 7);
     replaceEntry("first");
@@ -93,21 +80,28 @@ void TestChannels::addAndDeleteCommitTheOpenEditFirst() {
     QCOMPARE(form().table.TextMatrix(2, 14), "third");
     QCOMPARE(form().table.TextMatrix(2, 0), "3");
     QCOMPARE(form().editframe.Tag(), "0");
+
+    // The preset panel opens beside the edit and leaves it open; a preset commits it first.
+    openCell(1, 1);
+    replaceEntry("7");
+    Click(form().adddef);
+    QVERIFY(form().defaultsframe.Visible() && form().editframe.Visible());
+    QCOMPARE(form().table.TextMatrix(1, 1), "");
+    Click(form().Command6[9]);
+    QCOMPARE(form().table.TextMatrix(1, 1), "7");
+    QCOMPARE(form().table.TextMatrix(4, 1), "8");
+    QVERIFY(!form().editframe.Visible());
 }
 
 void TestChannels::rowCountStopsAt16Bits() {
     gui::Grid& table = form().table;
     while (table.Rows() - 1 < channels::kMaxChannelRows - 1) table.AddItem(QStringLiteral("x"));
-
     // The last free row goes to the first of the three colour mix rows.
     Click(form().adddef);
     Click(form().Command6[6]);
-    QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows);
-    QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Cyan");
-    QVERIFY(!form().defaultsframe.Visible());
-
     Click(form().add);
     Command6_Click(form(), 0);
     QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows);
     QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Cyan");
+    QVERIFY(!form().defaultsframe.Visible());
 }

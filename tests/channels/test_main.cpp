@@ -1,40 +1,30 @@
-#include "channels_test.h"
-
 #include <QAbstractItemModelTester>
 #include <QTest>
 
+#include "channels_test.h"
 #include "gui/testing.h"
 
 void TestChannels::init() {
     FormFixture::init();
-    if (QTest::currentTestFailed()) return;
-    goToPage(2);
-}
-
-QString TestChannels::rowText(int row) {
-    QStringList cells;
-    for (int c = 0; c < form().table.Cols(); ++c) cells << form().table.TextMatrix(row, c);
-    return cells.join(u';');
+    if (!QTest::currentTestFailed()) goToPage(2);
 }
 
 QStringList TestChannels::bodyRows() {
     QStringList rows;
-    for (int r = 1; r < form().table.Rows(); ++r) rows << rowText(r);
+    for (int r = 1; r < form().table.Rows(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < form().table.Cols(); ++c) cells << form().table.TextMatrix(r, c);
+        rows << cells.join(u';');
+    }
     return rows;
 }
 
 void TestChannels::setOffsets(const QStringList& rows) {
     gui::Grid& table = form().table;
     while (table.Rows() > 2) table.RemoveItem(table.Rows() - 1);
-    for (int i = 0; i < rows.size(); ++i) {
-        const QStringList cells = rows[i].split(u';');
-        if (i == 0) {
-            table.setTextMatrix(1, 1, cells.value(0));
-            table.setTextMatrix(1, 2, cells.value(1));
-        } else {
-            table.AddItem(QStringLiteral("#\t") + cells.value(0) + u'\t' + cells.value(1));
-        }
-    }
+    table.setTextMatrix(1, 1, rows[0].section(u';', 0, 0));
+    table.setTextMatrix(1, 2, rows[0].section(u';', 1));
+    for (const QString& row : rows.mid(1)) table.AddItem("#\t" + QString(row).replace(u';', u'\t'));
 }
 
 void TestChannels::watchModel() {
@@ -50,12 +40,8 @@ void TestChannels::openCell(int row, int col) {
 
 void TestChannels::replaceEntry(const QString& text) {
     gui::testing::PressKey(form().editcombo, Qt::Key_A, Qt::ControlModifier);
-    if (!text.isEmpty()) gui::testing::TypeText(form().editcombo, text);
     if (text.isEmpty()) gui::testing::PressKey(form().editcombo, Qt::Key_Delete);
-}
-
-void TestChannels::pressEnter() {
-    gui::testing::PressKey(form().editcombo, Qt::Key_Return);
+    gui::testing::TypeText(form().editcombo, text);
 }
 
 RIGWRIGHT_TEST_MAIN(TestChannels)

@@ -10,49 +10,31 @@
 class TestOutput : public FormFixture {
     Q_OBJECT
   private:
-    void putRow(const QString& tabbedCells);  // the table holds this one row, as row 1
     void prepareFile(const QString& setup);
-    static QByteArray expectedFile(const QString& dataFile, const QString& path);
 
   private slots:
-    // Encoder.
+    // Encoder and pure text.
     void buildChannelLine_data();
     void buildChannelLine();
-    void noLineWithoutNumberInDmx2_data();
-    void noLineWithoutNumberInDmx2();
-    void freshFirstRow();
-    void leadingToken_data();
-    void leadingToken();
-    void quoteLabel_data();
-    void quoteLabel();
-
-    // Properties over random cells.
-    void rowBytesMatchLineTexts();
-    void channelLineShape();
-    void quoteLabelShape();
-    void leadingTokenShape();
-    void commentLinesShape();
-    void fileHoldsEveryRowLine();
-
-    // Pure text.
+    void tokenAndLabel_data();
+    void tokenAndLabel();
     void commentLines_data();
     void commentLines();
     void codePage_data();
     void codePage();
 
-    // The whole file.
+    // Properties over random cells.
+    void randomRows();
+    void tokenAndLabelShape();
+    void commentLinesShape();
+    void fileHoldsEveryRowLine();
+
+    // The whole file and the save flow.
     void wholeFile_data();
     void wholeFile();
-    void writerStopsAtFailedWrite_data();
-    void writerStopsAtFailedWrite();
-
-    // The save flow.
-    void proposedName_data();
-    void proposedName();
-    void noDecisionWritesNothing_data();
-    void noDecisionWritesNothing();
+    void proposedNameAndCancel_data();
+    void proposedNameAndCancel();
     void secondSaveReplacesFirst();
-    void finishedButtonRunsTheFlow();
     void failureKeepsOldFile_data();
     void failureKeepsOldFile();
 };

@@ -3,33 +3,13 @@
 #include "output/channel_line.h"
 #include "output_test.h"
 
-namespace {
-
-// A row in the form of the table's AddItem, from its cells in columns 1 to 14 given with
-// ";" between them (none of these cells holds a ";").
-QString Tabbed(const QString& columns1to14) {
-    return QStringLiteral("#\t") + QString(columns1to14).replace(u';', u'\t');
-}
-
-}  // namespace
-
-void TestOutput::putRow(const QString& tabbedCells) {
-    form().table.AddItem(tabbedCells);
-    form().table.RemoveItem(1);
-    QCOMPARE(form().table.Rows(), 2);
-}
-
 void TestOutput::buildChannelLine_data() {
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("low");  // null: the row has no low byte line
+    QTest::addColumn<QString>("row");    // as the table's AddItem takes it
+    QTest::addColumn<QString>("first");  // null: the row gives no line at all
+    QTest::addColumn<QString>("low");    // null: not checked
 
-    const QString none;
     const struct {
-        const char* name;
-        const char* cells;
-        const char* first;
-        const char* low;
+        const char *name, *cells, *first, *low;  // cells: columns 1 to 14, ";" between them
     } rows[] = {
         {"pan", "1;0;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;default",
          "3 61 L 1 100 1N E 1 \"Pan\" 128 0 0  ;default", nullptr},
@@ -71,105 +51,59 @@ void TestOutput::buildChannelLine_data() {
          "3 61 L 2 100 2 E 1 \"Pan\" 0 0 0  ;", nullptr},
         {"numbers read from the start", "2;0;FADEABLE LTP;E>;3;61;x;1;N;100; 7 dB;12.5abc;abc;",
          "3 61 L 2 100 1N E 1 \"x\" 7 12.5 0  ;", nullptr},
-        {"label with leading blanks",
-         "2;0;FADEABLE LTP;E>;3;61;  Gobo wheel rotation;1;N;100;0;0;0;",
-         "3 61 L 2 100 1N E 1 \"Gobo wheel r\" 0 0 0  ;", nullptr},
         {"dmx2 with blanks around it", "2; 3 ;FADEABLE LTP;E>;3;61;x;1;N;100;0;0;0;",
          "3 61 s 2 100 1N E 1 \"x\" 0 0 0  ;", "0 0 L  100 1N E 1 \"x\" 0 0 0  ;"},
-    };
+        {"fresh row", ";0;;;;;;;;;;;;", "       1 \"\" 0 0 0  ;", nullptr},
+        {"no number in dmx2", "1;  ;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;d", nullptr, nullptr},
+        {"dmx2 not only a number", "1;2x;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;d", nullptr,
+         nullptr}};
     for (const auto& r : rows)
-        QTest::newRow(r.name) << Tabbed(QString::fromUtf8(r.cells)) << QString::fromUtf8(r.first)
-                              << (r.low ? QString::fromUtf8(r.low) : none);
+        QTest::newRow(r.name) << "#\t" + QString(r.cells).replace(u';', u'\t') << r.first << r.low;
 
     // Cells that hold what the ";" notation cannot show.
     QTest::newRow("comment with blanks, semicolons, quotes")
         << QStringLiteral("#\t2\t0\tFADEABLE LTP\tE>\t3\t61\tx\t1\tN\t100\t0\t0\t0\t a; \"b\" ")
-        << QStringLiteral("3 61 L 2 100 1N E 1 \"x\" 0 0 0  ; a; \"b\" ") << none;
+        << QStringLiteral("3 61 L 2 100 1N E 1 \"x\" 0 0 0  ; a; \"b\" ") << QString();
     QTest::newRow("code cells that start with > or a blank")
         << QStringLiteral("#\t 2\t0\tFADEABLE LTP\t>E\t 3\t>61\tx\t 1\t>N\t 100\t0\t0\t0\t")
-        << QStringLiteral("  L     1 \"x\" 0 0 0  ;") << none;
+        << QStringLiteral("  L     1 \"x\" 0 0 0  ;") << QString();
 }
 
 void TestOutput::buildChannelLine() {
     QFETCH(QString, row);
     QFETCH(QString, first);
     QFETCH(QString, low);
-    putRow(row);
-    QCOMPARE(BuildChannelLine(form(), 1, false), std::optional<QString>(first));
-    if (!low.isNull()) QCOMPARE(BuildChannelLine(form(), 1, true), std::optional<QString>(low));
-}
-
-void TestOutput::noLineWithoutNumberInDmx2_data() {
-    QTest::addColumn<QString>("dmx2");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("blanks") << QStringLiteral("  ");
-    QTest::newRow("text") << QStringLiteral("abc");
-    QTest::newRow("number and text") << QStringLiteral("2x");
-}
-
-void TestOutput::noLineWithoutNumberInDmx2() {
-    QFETCH(QString, dmx2);
-    putRow(QStringLiteral("#\t1\t%1\tFADEABLE LTP\tE>\t3\t61\tPan\t1\tN\t100\t128\t0\t0\td")
-               .arg(dmx2));
-    QCOMPARE(BuildChannelLine(form(), 1, false), std::nullopt);
-    QCOMPARE(BuildChannelLine(form(), 1, true), std::nullopt);
-}
-
-void TestOutput::freshFirstRow() {
-    QCOMPARE(BuildChannelLine(form(), 1, false),
-             std::optional<QString>(QStringLiteral("       1 \"\" 0 0 0  ;")));
-}
-
-void TestOutput::leadingToken_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("token");
-    const char* const cases[][2] = {
-        {"61> B (right)", "61"},
-        {"61", "61"},
-        {"1 - Linear", "1"},
-        {"N - normal", "N"},
-        {"E>", "E"},
-        {"0> ---OTHER", "0"},
-        {"100", "100"},
-        {">61", ""},
-        {" 61", ""},
-        {"", ""},
-        {"a>b c", "a"},
-        {"a b>c", "a"},
-        {"\t1", "\t1"},
+    form().table.AddItem(row);
+    form().table.RemoveItem(1);
+    const auto line = [](const QString& text) {
+        return text.isNull() ? std::optional<QString>() : std::optional<QString>(text);
     };
-    for (const auto& c : cases)
-        QTest::newRow(c[0]) << QString::fromUtf8(c[0]) << QString::fromUtf8(c[1]);
+    QCOMPARE(BuildChannelLine(form(), 1, false), line(first));
+    if (first.isNull() || !low.isNull()) QCOMPARE(BuildChannelLine(form(), 1, true), line(low));
 }
 
-void TestOutput::leadingToken() {
+void TestOutput::tokenAndLabel_data() {
+    QTest::addColumn<bool>("label");  // else the leading token
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    const char* const tokens[][2] = {
+        {"61> B (right)", "61"}, {"1 - Linear", "1"}, {">61", ""}, {" 61", ""}, {"a b>c", "a"}};
+    for (const auto& t : tokens) QTest::addRow("token '%s'", t[0]) << false << t[0] << t[1];
+    const char* const labels[][2] = {{"   ", "\"\""},
+                                     {"abc ", "\"abc \""},
+                                     {"  Gobo wheel rotation", "\"Gobo wheel r\""},
+                                     {"a\"b", "\"a\"b\""}};
+    for (const auto& l : labels) QTest::addRow("label '%s'", l[0]) << true << l[0] << l[1];
+    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");  // a pair counts as one
+    QTest::newRow("label with a pair")
+        << true << "ABCDEFGHIJK" + smile + u'Z' << "\"ABCDEFGHIJK" + smile + u'"';
+}
+
+void TestOutput::tokenAndLabel() {
+    QFETCH(bool, label);
     QFETCH(QString, text);
-    QFETCH(QString, token);
-    QCOMPARE(LeadingToken(text), token);
+    QFETCH(QString, expected);
+    QCOMPARE(label ? QuoteLabel(text) : LeadingToken(text), expected);
 }
 
-void TestOutput::quoteLabel_data() {
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("quoted");
-    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");
-    QTest::newRow("empty") << QString() << QStringLiteral("\"\"");
-    QTest::newRow("trailing blank stays") << QStringLiteral("abc ") << QStringLiteral("\"abc \"");
-    QTest::newRow("leading blanks do not count")
-        << QStringLiteral("  Gobo wheel rotation") << QStringLiteral("\"Gobo wheel r\"");
-    QTest::newRow("exactly 12") << QStringLiteral("ABCDEFGHIJKL")
-                                << QStringLiteral("\"ABCDEFGHIJKL\"");
-    QTest::newRow("13 cut") << QStringLiteral("ABCDEFGHIJKLM")
-                            << QStringLiteral("\"ABCDEFGHIJKL\"");
-    QTest::newRow("blank at the cut")
-        << QStringLiteral("Gobo  wheel rot") << QStringLiteral("\"Gobo  wheel \"");
-    QTest::newRow("quote not doubled") << QStringLiteral("a\"b") << QStringLiteral("\"a\"b\"");
-    QTest::newRow("only blanks") << QStringLiteral("   ") << QStringLiteral("\"\"");
-    QTest::newRow("pair counts as one") << QStringLiteral("ABCDEFGHIJK") + smile + u'Z'
-                                        << u'"' + QStringLiteral("ABCDEFGHIJK") + smile + u'"';
-}
-
-void TestOutput::quoteLabel() {
-    QFETCH(QString, label);
-    QFETCH(QString, quoted);
-    QCOMPARE(QuoteLabel(label), quoted);
-}
+RIGWRIGHT_TEST_MAIN(TestOutput)

@@ -8,9 +8,7 @@ void TestOutput::commentLines_data() {
     QTest::addColumn<QString>("comment");
     QTest::addColumn<QStringList>("lines");
     QTest::newRow("empty") << QString() << QStringList{"; "};
-    QTest::newRow("one line") << QStringLiteral("abc") << QStringList{"; abc"};
     QTest::newRow("ends with CR LF") << QStringLiteral("a\r\n") << QStringList{"; a\r", "; "};
-    QTest::newRow("only CR LF") << QStringLiteral("\r\n") << QStringList{"; \r", "; "};
     QTest::newRow("three lines") << QStringLiteral("a\r\nb\r\nc")
                                  << QStringList{"; a\r", "; b\r", "; c"};
     QTest::newRow("CR without LF costs the next character")
@@ -35,15 +33,10 @@ void TestOutput::codePage_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("ASCII and line ends")
         << QStringLiteral("a \"b\";\r\n") << QByteArray("a \"b\";\r\n");
-    QTest::newRow("e acute") << QStringLiteral("\u00E9") << QByteArray("\xE9");
-    QTest::newRow("y diaeresis") << QStringLiteral("\u00FF") << QByteArray("\xFF");
-    QTest::newRow("no-break space") << QStringLiteral("\u00A0") << QByteArray("\xA0");
-    QTest::newRow("euro") << QStringLiteral("\u20AC") << QByteArray("\x80");
-    QTest::newRow("capital Y diaeresis") << QStringLiteral("\u0178") << QByteArray("\x9F");
-    QTest::newRow("dagger, em dash, trade mark")
-        << QStringLiteral("\u2020\u2014\u2122") << QByteArray("\x86\x97\x99");
-    QTest::newRow("C1 control") << QStringLiteral("\u0081") << QByteArray("?");
-    QTest::newRow("CJK") << QStringLiteral("a\u65E5b") << QByteArray("a?b");
+    QTest::newRow("Latin-1") << QStringLiteral("\u00E9\u00FF\u00A0") << QByteArray("\xE9\xFF\xA0");
+    QTest::newRow("euro, Y diaeresis, dagger, em dash, trade mark")
+        << QStringLiteral("\u20AC\u0178\u2020\u2014\u2122") << QByteArray("\x80\x9F\x86\x97\x99");
+    QTest::newRow("C1 control, CJK") << QStringLiteral("\u0081a\u65E5") << QByteArray("?a?");
     QTest::newRow("outside the basic plane is one character")
         << QString::fromUtf8("\xF0\x9F\x98\x80") << QByteArray("?");
     QTest::newRow("lone surrogate") << QString(QChar(0xD800)) << QByteArray("?");

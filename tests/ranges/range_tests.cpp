@@ -7,11 +7,10 @@
 
 QStringList RangeRows(const gui::Grid& range) {
     QStringList rows;
-    for (int r = 1; r < range.Rows(); ++r) {
-        QStringList cells;
-        for (int c = 0; c < 4; ++c) cells << range.TextMatrix(r, c);
-        rows << cells.join(u'|');
-    }
+    for (int r = 1; r < range.Rows(); ++r)
+        rows << QStringList{range.TextMatrix(r, 0), range.TextMatrix(r, 1), range.TextMatrix(r, 2),
+                            range.TextMatrix(r, 3)}
+                    .join(u'|');
     return rows;
 }
 
@@ -22,19 +21,16 @@ void SetRangeRows(MainForm& f, const QStringList& rows) {
 }
 
 QString TilingFault(const gui::Grid& range) {
-    const int rows = range.Rows();
-    if (rows < 2 || rows > 257) return QStringLiteral("row count %1").arg(rows);
-    int expectedFrom = 0;
-    for (int r = 1; r < rows; ++r) {
+    if (range.Rows() < 2 || range.Rows() > 257) return QStringLiteral("%1 rows").arg(range.Rows());
+    double next = 0;
+    for (int r = 1; r < range.Rows(); ++r) {
         const auto from = common::WholeNumber(range.TextMatrix(r, 1));
         const auto to = common::WholeNumber(range.TextMatrix(r, 2));
-        if (!from || !to) return QStringLiteral("row %1 holds no numbers").arg(r);
-        if (*from != expectedFrom) return QStringLiteral("row %1 starts at %2").arg(r).arg(*from);
-        if (*from > *to) return QStringLiteral("row %1 runs backwards").arg(r);
-        expectedFrom = static_cast<int>(*to) + 1;
+        if (!from || !to || *from != next || *from > *to)
+            return QStringLiteral("row %1 is %2").arg(r).arg(RangeRows(range)[r - 1]);
+        next = *to + 1;
     }
-    if (expectedFrom != 256) return QStringLiteral("last row ends at %1").arg(expectedFrom - 1);
-    return {};
+    return next == 256 ? QString() : QStringLiteral("last row ends at %1").arg(next - 1);
 }
 
 void EditCell(MainForm& f, int row, int col, const QString& text) {

@@ -1,3 +1,0 @@
-#include "output_test.h"
-
-RIGWRIGHT_TEST_MAIN(TestOutput)
