@@ -14,13 +14,6 @@ constexpr int kFirstChannelRow = 1;
 constexpr int kDmx1Col = 1;
 constexpr int kDmx2Col = 2;
 
-// Each row of the grid and each distinct text lie apart in memory, so a full grid is read
-// mostly from main memory. The loop asks for the row some steps ahead of it and for the
-// texts of a nearer row, whose cells have arrived by then, so that the fetches overlap.
-// (Written into the loop itself: in a function of its own the compiler drops them.)
-constexpr int kRowAhead = 16;
-constexpr int kTextAhead = 8;
-
 }  // namespace
 
 bool channels::RoomForChannelRow(const MainForm& f) {
@@ -50,13 +43,6 @@ std::int16_t NextFreeDmx(const MainForm& f) {
     const int rows = table.Rows();
     double candidate = 1;
     for (int row = kFirstChannelRow; row < rows; ++row) {
-#if defined(__GNUC__) || defined(__clang__)
-        if (row + kRowAhead < rows) __builtin_prefetch(&table.Cell(row + kRowAhead, kDmx1Col));
-        if (row + kTextAhead < rows) {
-            __builtin_prefetch(table.Cell(row + kTextAhead, kDmx1Col).constData());
-            __builtin_prefetch(table.Cell(row + kTextAhead, kDmx2Col).constData());
-        }
-#endif
         for (const int col : {kDmx1Col, kDmx2Col}) {
             const double offset = common::LeadingNumber(table.Cell(row, col));
             if (offset < candidate) continue;
