@@ -6,27 +6,13 @@
 
 #include "channels/channel_table.h"
 #include "common/number.h"
+#include "output/channel_columns.h"
 #include "output/channel_line.h"
 #include "wizard/main_form.h"
 
 namespace {
 
-// Columns of the channel grid that the checks read.
-enum Column {
-    kDmx1 = 1,
-    kDmx2 = 2,
-    kType = 3,
-    kKey = 5,
-    kWheel = 6,
-    kRatio = 10,
-    kLocate = 11,
-    kHighlight = 12,
-    kLowlight = 13
-};
-
-const QString kHtp = QStringLiteral("HTP (usually dimmer)");
-const QString kFadeable = QStringLiteral("FADEABLE LTP");
-const QString kIndexed = QStringLiteral("INDEXED LTP (not fadeable, such as gobo)");
+using namespace output;  // the columns of the channel grid and the kinds of channel
 
 bool WholeWithin(const QString& text, int low, int high) {
     const std::optional<double> v = common::WholeNumber(text.trimmed());
@@ -77,10 +63,10 @@ QString CheckChannels(const MainForm& f, QSet<long>& used) {
         used.insert(high);
         if (low > 0) used.insert(low);
 
-        const QString type = t.TextMatrix(row, kType);
-        if (type != kHtp && type != kFadeable && type != kIndexed)
+        const ChannelKind kind = KindOf(t.TextMatrix(row, kChannelType));
+        if (kind == ChannelKind::kOther)
             return QStringLiteral("Invalid Channel Type at line ") + at;
-        if (type == kHtp) {
+        if (kind == ChannelKind::kHtp) {
             if (htpSeen)
                 return QStringLiteral(
                            "There may be only 1 HTP channel! There is a second at line ") +
