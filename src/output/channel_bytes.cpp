@@ -24,6 +24,15 @@ bool IsDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
 
+// Skips the blanks in front of a number and its sign; gives the index behind them.
+qsizetype SkipBlanksAndSign(const QChar* d, qsizetype n, bool& negative) {
+    qsizetype i = 0;
+    while (i < n && IsBlank(d[i].unicode())) ++i;
+    negative = false;
+    if (i < n && (d[i] == u'-' || d[i] == u'+')) negative = d[i++] == u'-';
+    return i;
+}
+
 // Whole numbers of up to this many digits print as they are read (no exponent form).
 constexpr qsizetype kPlainDigits = 15;
 
@@ -81,10 +90,8 @@ class Bytes {
     void number(QStringView s) {
         const QChar* const d = s.data();
         const qsizetype n = s.size();
-        qsizetype i = 0;
-        while (i < n && IsBlank(d[i].unicode())) ++i;
         bool negative = false;
-        if (i < n && (d[i] == u'-' || d[i] == u'+')) negative = d[i++] == u'-';
+        qsizetype i = SkipBlanksAndSign(d, n, negative);
         while (i < n && d[i] == u'0') ++i;
         const qsizetype first = i;
         while (i < n && IsDigit(d[i].unicode())) ++i;
@@ -112,10 +119,8 @@ class Bytes {
 std::optional<bool> Dmx2AboveZero(QStringView s) {
     const QChar* const d = s.data();
     const qsizetype n = s.size();
-    qsizetype i = 0;
-    while (i < n && IsBlank(d[i].unicode())) ++i;
     bool negative = false;
-    if (i < n && (d[i] == u'-' || d[i] == u'+')) negative = d[i++] == u'-';
+    qsizetype i = SkipBlanksAndSign(d, n, negative);
     const qsizetype first = i;
     bool nonZero = false;
     while (i < n && IsDigit(d[i].unicode()) && i - first <= kPlainDigits) nonZero |= d[i++] != u'0';
