@@ -2,6 +2,7 @@
 // Timing and memory readings for the benchmark program.
 
 #include <QString>
+#include <cstdio>
 #include <functional>
 #include <vector>
 
@@ -17,6 +18,9 @@ double Median(std::vector<double> values);
 // Resident memory of this process in MiB, or a negative number where it cannot be read.
 double ResidentMiB();
 
+// Hands what `out` holds to the system and waits until it is on the disk.
+void FlushToDisk(std::FILE* out);
+
 // One row of the report: what was measured, the figure, the floor and the target.
 struct Row {
     QString work;
@@ -25,6 +29,8 @@ struct Row {
     double floor = 0;      // 0: a bound, not a ratio
     double maxRatio = 0;   // target as a ratio to the floor, 0 if none
     double maxFigure = 0;  // target as a bound, 0 if none
+    // A row without a target shows a figure for comparison only.
+    bool target() const { return maxRatio > 0 || maxFigure > 0; }
     bool met() const;
 };
 

@@ -7,20 +7,11 @@ namespace gui {
 
 GridModel::GridModel(int cols, std::vector<Qt::Alignment> alignments)
     : cols_(cols), alignments_(std::move(alignments)) {
-    cells_.assign(2, std::vector<QString>(cols));
-}
-
-QString GridModel::Shared(const QString& text) {
-    constexpr qsizetype kLongest = 64;
-    if (text.isEmpty() || text.size() > kLongest) return text;
-    const auto found = pool_.constFind(text);
-    if (found != pool_.constEnd()) return *found;
-    pool_.insert(text);
-    return text;
+    cells_.assign(2 * static_cast<std::size_t>(cols), TextPool::kEmpty);
 }
 
 void GridModel::SetCell(int row, int col, const QString& text) {
-    cells_[row][col] = Shared(text);
+    cells_[Place(row, col)] = texts_.Intern(text);
     if (row == 0 && col > 0) {
         emit headerDataChanged(Qt::Horizontal, col - 1, col - 1);
     } else if (col == 0 && row > 0) {
@@ -33,15 +24,15 @@ void GridModel::SetCell(int row, int col, const QString& text) {
 
 void GridModel::InsertRow(int before, std::vector<QString> cells) {
     cells.resize(cols_);
-    for (QString& cell : cells) cell = Shared(cell);
     beginInsertRows({}, before - 1, before - 1);
-    cells_.insert(cells_.begin() + before, std::move(cells));
+    const auto at = cells_.insert(cells_.begin() + Place(before, 0), cols_, TextPool::kEmpty);
+    for (int c = 0; c < cols_; ++c) at[c] = texts_.Intern(cells[c]);
     endInsertRows();
 }
 
 void GridModel::RemoveRow(int row) {
     beginRemoveRows({}, row - 1, row - 1);
-    cells_.erase(cells_.begin() + row);
+    cells_.erase(cells_.begin() + Place(row, 0), cells_.begin() + Place(row + 1, 0));
     endRemoveRows();
 }
 
@@ -56,7 +47,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
-        return cells_[index.row() + 1][index.column() + 1];
+        return Cell(index.row() + 1, index.column() + 1);
     if (role == Qt::BackgroundRole) return QGuiApplication::palette().base();
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(alignments_[index.column() + 1] | Qt::AlignVCenter);
@@ -67,10 +58,10 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role != Qt::DisplayRole) return {};
     if (orientation == Qt::Horizontal) {
         if (section < 0 || section + 1 >= cols_) return {};
-        return cells_[0][section + 1];
+        return Cell(0, section + 1);
     }
     if (section < 0 || section + 1 >= Rows()) return {};
-    return cells_[section + 1][0];
+    return Cell(section + 1, 0);
 }
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {

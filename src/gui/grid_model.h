@@ -4,9 +4,10 @@
 // on screen while the body scrolls.
 
 #include <QAbstractTableModel>
-#include <QSet>
 #include <QString>
 #include <vector>
+
+#include "gui/text_pool.h"
 
 namespace gui {
 
@@ -15,9 +16,10 @@ class GridModel : public QAbstractTableModel {
     GridModel(int cols, std::vector<Qt::Alignment> alignments);
 
     // Whole grid, fixed row and column included.
-    int Rows() const { return static_cast<int>(cells_.size()); }
+    int Rows() const { return static_cast<int>(cells_.size() / static_cast<std::size_t>(cols_)); }
     int Cols() const { return cols_; }
-    const QString& Cell(int row, int col) const { return cells_[row][col]; }
+    const QString& Cell(int row, int col) const { return texts_.At(cells_[Place(row, col)]); }
+    QStringView CellView(int row, int col) const { return texts_.View(cells_[Place(row, col)]); }
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);
@@ -30,14 +32,17 @@ class GridModel : public QAbstractTableModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   private:
-    // Cell texts repeat a lot (channel types, presets, numbers): rows share one copy of
-    // each short text instead of holding their own, which keeps a full table small.
-    QString Shared(const QString& text);
+    std::size_t Place(int row, int col) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+               static_cast<std::size_t>(col);
+    }
 
     int cols_;
-    QSet<QString> pool_;
     std::vector<Qt::Alignment> alignments_;
-    std::vector<std::vector<QString>> cells_;
+    // Cell texts repeat a lot (channel types, presets, numbers): a cell names its text in
+    // the pool, row after row in one block.
+    TextPool texts_;
+    std::vector<TextPool::Id> cells_;
 };
 
 }  // namespace gui

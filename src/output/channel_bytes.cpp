@@ -25,7 +25,7 @@ bool IsDigit(char16_t c) {
 }
 
 // Skips the blanks in front of a number and its sign; gives the index behind them.
-qsizetype SkipBlanksAndSign(const QChar* d, qsizetype n, bool& negative) {
+inline qsizetype SkipBlanksAndSign(const QChar* d, qsizetype n, bool& negative) {
     qsizetype i = 0;
     while (i < n && IsBlank(d[i].unicode())) ++i;
     negative = false;
@@ -36,21 +36,23 @@ qsizetype SkipBlanksAndSign(const QChar* d, qsizetype n, bool& negative) {
 // Whole numbers of up to this many digits print as they are read (no exponent form).
 constexpr qsizetype kPlainDigits = 15;
 
-// How far ahead of the row being written its cells, and then their texts, are fetched.
-constexpr int kRowAhead = 16;
-constexpr int kTextAhead = 8;
-
 // Writes into room made beforehand. Every character written is also gathered into `seen`,
-// so that one test at the end tells whether the row held anything beyond ASCII.
+// so that one test at the end tells whether the row held anything beyond ASCII. The loops
+// work on copies of the write position: a store through a char pointer could otherwise
+// change it, and it would be read again for every character.
 class Bytes {
   public:
     explicit Bytes(char* at) : p_(at) {}
 
     void text(QStringView s) {
+        char* p = p_;
+        char16_t seen = seen_;
         for (const QChar c : s) {
-            seen_ |= c.unicode();
-            *p_++ = static_cast<char>(c.unicode());
+            seen |= c.unicode();
+            *p++ = static_cast<char>(c.unicode());
         }
+        p_ = p;
+        seen_ = seen;
     }
     void literal(const char* s, std::size_t n) {
         std::memcpy(p_, s, n);
@@ -68,11 +70,15 @@ class Bytes {
 
     // The text up to the first ">" or blank.
     void token(QStringView s) {
+        char* p = p_;
+        char16_t seen = seen_;
         for (const QChar c : s) {
             if (c == u'>' || c == u' ') break;
-            seen_ |= c.unicode();
-            *p_++ = static_cast<char>(c.unicode());
+            seen |= c.unicode();
+            *p++ = static_cast<char>(c.unicode());
         }
+        p_ = p;
+        seen_ = seen;
     }
 
     // The label without its leading blanks, cut to 12 characters, in double quotes. Only
@@ -220,21 +226,7 @@ bool AppendChannelRowBytes(const ChannelCells& cells, QByteArray& out) {
 
 bool AppendChannelRowBytes(const MainForm& f, int row, QByteArray& out) {
     const gui::GridModel& grid = *f.table.model();
-#if defined(__GNUC__) || defined(__clang__)
-    // Rows and distinct texts lie apart in memory, and a full grid does not fit the caches:
-    // rows are written in order, so the cells of a row some steps ahead are asked for now
-    // and the texts of a nearer row, whose cells have arrived by then.
-    if (row + kRowAhead < grid.Rows()) {
-        // Every other cell: a cache line holds more than two.
-        for (int c = 0; c < kChannelColumns; c += 2)
-            __builtin_prefetch(&grid.Cell(row + kRowAhead, c));
-    }
-    if (row + kTextAhead < grid.Rows()) {
-        for (int c = 1; c < kChannelColumns; ++c)
-            __builtin_prefetch(grid.Cell(row + kTextAhead, c).constData());
-    }
-#endif
-    auto at = [&grid, row](int column) { return QStringView(grid.Cell(row, column)); };
+    auto at = [&grid, row](int column) { return grid.CellView(row, column); };
     const ChannelCells cells = {at(0), at(1), at(2),  at(3),  at(4),  at(5),  at(6), at(7),
                                 at(8), at(9), at(10), at(11), at(12), at(13), at(14)};
     return AppendChannelRowBytes(cells, out);

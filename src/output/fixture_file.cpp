@@ -9,6 +9,7 @@
 #include "output/channel_line.h"
 #include "output/code_page.h"
 #include "output/comment_lines.h"
+#include "output/write_back.h"
 #include "wizard/main_form.h"
 
 namespace {
@@ -16,8 +17,8 @@ namespace {
 constexpr int kMaxRows = 32767;  // the row counter is 16 bits wide
 constexpr double kDmxUniverse = 512;
 
-// Writes lines in order, gathered into writes of a megabyte or so, and remembers the first failure; after
-// it, writes nothing more.
+// Writes lines in order, gathered into writes of a quarter megabyte or so, and remembers the first
+// failure; after it, writes nothing more.
 class LineWriter {
   public:
     explicit LineWriter(QIODevice& out) : out_(out) { pending_.reserve(kChunk + kChunk / 4); }
@@ -35,7 +36,6 @@ class LineWriter {
         AppendChannelRowBytes(f, row, pending_);
         if (pending_.size() >= kChunk) flush();
     }
-
     // Hands the gathered bytes to the device.
     void flush() {
         send(pending_);
@@ -51,6 +51,7 @@ class LineWriter {
     // A device may take part of the bytes and tell the reason only when asked for the rest,
     // so it is asked until it takes all or refuses.
     void send(const QByteArray& bytes) {
+        const qint64 from = written_;
         qsizetype done = 0;
         while (outcome_.ok && done < bytes.size()) {
             const qint64 n = out_.write(bytes.constData() + done, bytes.size() - done);
@@ -59,13 +60,16 @@ class LineWriter {
                 outcome_.error = out_.errorString();
             } else {
                 done += n;
+                written_ += n;
             }
         }
+        StartWriteBack(out_, from, written_ - from);
     }
 
-    static constexpr qsizetype kChunk = 1024 * 1024;
+    static constexpr qsizetype kChunk = 256 * 1024;
     QIODevice& out_;
     QByteArray pending_;
+    qint64 written_ = 0;
     WriteOutcome outcome_;
 };
 
