@@ -76,7 +76,9 @@ void Print(const std::vector<Row>& rows) {
             r.floor > 0 ? QString::number(r.figure / r.floor, 'f', 2) : QStringLiteral("-");
         std::printf("%-52s %9.2f %-2s %12s %8s  %-22s %s\n", qPrintable(r.work), r.figure,
                     qPrintable(r.unit), qPrintable(floor), qPrintable(ratio), qPrintable(target),
-                    !r.target() ? "-" : r.met() ? "yes" : "NO");
+                    !r.target() ? "-"
+                    : r.met()   ? "yes"
+                                : "NO");
         if (r.target()) ++targets;
         if (!r.met()) ++failed;
     }

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QIcon>
 
+#include "gui/widgets.h"
+
 namespace gui {
 
 struct Application::Impl {
@@ -13,7 +15,10 @@ struct Application::Impl {
 Application::Application(int& argc, char** argv) : impl_(std::make_unique<Impl>(argc, argv)) {
     QApplication::setApplicationName(QStringLiteral("Rigwright"));
     QApplication::setDesktopFileName(QStringLiteral("rigwright"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/rigwright.xpm")));
+    // Whatever Qt draws on its own (headers, tips, menus) uses the form's font too, so that
+    // start loads one family instead of two.
+    QApplication::setFont(detail::FontFor(Look{}));
+    QApplication::setWindowIcon(detail::PictureOf(QStringLiteral(":/pictures/rigwright.xpm")));
 }
 
 Application::~Application() = default;

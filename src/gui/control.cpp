@@ -7,6 +7,7 @@
 #include <QFontMetrics>
 #include <QFrame>
 #include <QGroupBox>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -54,13 +55,19 @@ class FormWindow : public QWidget {
 // so that no word of it is cut off.
 void FitCaption(QLabel* label) {
     const QFont base = label->property("rigwrightFont").value<QFont>();
-    QFont font = base;
     const QRect room = label->contentsRect();
+    const QString& caption = label->text();
+    // Most captions stand on one line with room to spare; only the others are laid out.
+    const QFontMetrics plain(base);
+    const bool oneLine = !caption.contains(u'\n') &&
+                         plain.horizontalAdvance(caption) <= room.width() &&
+                         plain.lineSpacing() <= room.height();
+    QFont font = base;
     const int flags = Qt::TextWordWrap | label->alignment();
-    while (font.pointSizeF() > 6.0 &&
-           QFontMetrics(font).boundingRect(room, flags, label->text()).height() > room.height())
+    while (!oneLine && font.pointSizeF() > 6.0 &&
+           QFontMetrics(font).boundingRect(room, flags, caption).height() > room.height())
         font.setPointSizeF(font.pointSizeF() - 0.25);
-    label->setFont(font);
+    if (font != label->font()) label->setFont(font);
 }
 
 // A label that fits its caption when it is first painted, so that labels of pages not on
@@ -152,7 +159,7 @@ void Form::create(const QString& name, const Look& look, const QString& iconReso
     adopt(window, none, name, look);
     window->setFixedSize(TwipsToPixels(look.width), TwipsToPixels(look.height));
     window->setWindowTitle(look.caption);
-    if (!iconResource.isEmpty()) window->setWindowIcon(QIcon(iconResource));
+    if (!iconResource.isEmpty()) window->setWindowIcon(detail::PictureOf(iconResource));
 }
 
 QString Form::Caption() const {
@@ -389,10 +396,7 @@ void Button::create(Control& parent, const QString& name, const Look& look) {
     adopt(button, parent, name, look);
     button->setText(look.caption);
     button->setAutoDefault(false);
-    if (!look.picture.isEmpty()) {
-        button->setIcon(QIcon(look.picture));
-        button->setIconSize(QSize(16, 16));
-    }
+    if (!look.picture.isEmpty()) button->setPicture(look.picture);
 }
 
 QString Button::Caption() const {

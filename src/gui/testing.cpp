@@ -183,6 +183,12 @@ bool WaitForShown(Form& form) {
 
 namespace gui::testing {
 
+BareWindow::Application::Application(int& argc, char** argv) : app_(new QApplication(argc, argv)) {}
+
+BareWindow::Application::~Application() {
+    delete app_;
+}
+
 BareWindow::BareWindow(const QStringList& kinds) : window_(new QWidget) {
     window_->resize(650, 484);
     int i = 0;

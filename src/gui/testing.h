@@ -56,6 +56,18 @@ namespace gui::testing {
 // nothing of ours (no catalogue, fonts, colours, pictures or logic), shown.
 class BareWindow {
   public:
+    // Plain Qt's application object, without the program's name, picture and font.
+    class Application {
+      public:
+        Application(int& argc, char** argv);
+        ~Application();
+        Application(const Application&) = delete;
+        Application& operator=(const Application&) = delete;
+
+      private:
+        QObject* app_;
+    };
+
     explicit BareWindow(const QStringList& kinds);
     ~BareWindow();
     BareWindow(const BareWindow&) = delete;

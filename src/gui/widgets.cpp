@@ -1,5 +1,6 @@
 #include "gui/widgets.h"
 
+#include <QFontDatabase>
 #include <QHash>
 #include <QKeyEvent>
 #include <QPainter>
@@ -7,13 +8,26 @@
 
 namespace gui::detail {
 
+namespace {
+
+// The form's font where the machine has it, else a sans serif of similar width. Families the
+// machine lacks are left out once here: for a missing first family Qt searches the system's
+// fallbacks again for every size, which costs more at start than all the rest of the fonts.
+QStringList FormFamilies() {
+    const QStringList wanted{QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"),
+                             QStringLiteral("Arial"), QStringLiteral("DejaVu Sans")};
+    const QStringList onMachine = QFontDatabase::families();
+    QStringList present;
+    for (const QString& family : wanted)
+        if (onMachine.contains(family, Qt::CaseInsensitive)) present.append(family);
+    present.append(QStringLiteral("Sans Serif"));  // the system's own, which always answers
+    return present;
+}
+
+}  // namespace
+
 QFont FontFor(const Look& look) {
-    // The form's font where the machine has it, else a sans serif of similar width. Qt
-    // takes the first family of the list that is there; asking the font database which
-    // ones are there would load every font on the machine first.
-    static const QStringList families{QStringLiteral("MS Sans Serif"),
-                                      QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
-                                      QStringLiteral("DejaVu Sans"), QStringLiteral("Sans Serif")};
+    static const QStringList families = FormFamilies();
     // Controls of one look share one font, so that Qt looks each font up once.
     static QHash<QString, QFont> made;
     const QString key = QStringLiteral("%1/%2/%3").arg(look.points).arg(look.bold).arg(look.italic);
@@ -26,6 +40,15 @@ QFont FontFor(const Look& look) {
     font.setItalic(look.italic);
     made.insert(key, font);
     return font;
+}
+
+QIcon PictureOf(const QString& resource) {
+    static QHash<QString, QIcon> read;
+    const auto found = read.constFind(resource);
+    if (found != read.constEnd()) return *found;
+    const QIcon picture(resource);
+    read.insert(resource, picture);
+    return picture;
 }
 
 QColor ColourOf(int rgb) {
@@ -82,27 +105,37 @@ bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
+namespace {
+constexpr int kPictureSize = 16;
+}
+
 PictureButton::PictureButton(QWidget* parent) : QPushButton(parent) {}
 
 QSize PictureButton::sizeHint() const {
     return size();
 }
 
+void PictureButton::setPicture(const QString& resource) {
+    resource_ = resource;
+    picture_ = QIcon();
+    update();
+}
+
 void PictureButton::paintEvent(QPaintEvent*) {
     QPainter p(this);
     QStyleOptionButton opt;
     initStyleOption(&opt);
+    if (picture_.isNull() && !resource_.isEmpty()) picture_ = PictureOf(resource_);
     const QString caption = opt.text;
-    const QIcon picture = opt.icon;
+    const QIcon& picture = picture_;
     opt.text.clear();
-    opt.icon = QIcon();
     style()->drawControl(QStyle::CE_PushButton, &opt, &p, this);
 
     const int shift = isDown() ? 1 : 0;
     QRect area = rect().adjusted(2 + shift, 3 + shift, -2 + shift, -2 + shift);
     const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
     if (!picture.isNull()) {
-        const QSize size = iconSize();
+        const QSize size(kPictureSize, kPictureSize);
         const QPixmap pixmap = picture.pixmap(size, devicePixelRatio(), mode);
         const int x = area.left() + (area.width() - size.width()) / 2;
         p.drawPixmap(x, area.top(), pixmap);

@@ -3,6 +3,7 @@
 // share (fonts, colours, key filtering).
 
 #include <QFont>
+#include <QIcon>
 #include <QObject>
 #include <QPushButton>
 #include <QWidget>
@@ -13,6 +14,9 @@
 namespace gui::detail {
 
 QFont FontFor(const Look& look);
+
+// The picture in `resource`, read once however many controls show it.
+QIcon PictureOf(const QString& resource);
 QColor ColourOf(int rgb);  // 0xRRGGBB
 void ApplyColours(QWidget* widget, const Look& look, QPalette::ColorRole foreRole,
                   QPalette::ColorRole backRole);
@@ -30,13 +34,20 @@ class KeyFilter : public QObject {
 };
 
 // A push button that shows its picture above its caption and wraps the caption.
+// A button with its picture above the caption. The picture is read when the button is first
+// drawn, so that the buttons of pages not on show cost nothing at start.
 class PictureButton : public QPushButton {
   public:
     explicit PictureButton(QWidget* parent);
     QSize sizeHint() const override;
+    void setPicture(const QString& resource);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QString resource_;
+    QIcon picture_;
 };
 
 }  // namespace gui::detail
