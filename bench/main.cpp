@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <cstdio>
 
+#include <vector>
 #include "channels/channel_table.h"
 #include "channels/presets.h"
 #include "gui/application.h"
@@ -38,6 +39,32 @@ void FillTable(MainForm& f, int channelRows) {
         t.AddItem(row);
     }
     while (t.Rows() - 1 > channelRows) t.RemoveItem(t.Rows() - 1);
+}
+
+// Fills the channel grid as a technician pressing the 25 presets in turn would, up to
+// `channelRows` rows, each row at the next offset: rows that differ in type, label, key and
+// bounds from one to the next.
+void FillWithPresets(MainForm& f, int channelRows) {
+    gui::Grid& t = f.table;
+    const int first = t.Rows();
+    for (int i = 0; i < 25; ++i) Command6_Click(f, static_cast<std::int16_t>(i));
+    std::vector<QStringList> pressed;
+    for (int r = first; r < t.Rows(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < t.Cols(); ++c) cells.append(t.TextMatrix(r, c));
+        pressed.push_back(cells);
+    }
+    while (t.Rows() > 2) t.RemoveItem(t.Rows() - 1);
+    t.RemoveItem(1);
+    int offset = 1;
+    for (size_t i = 0; t.Rows() - 1 < channelRows; ++i) {
+        QStringList cells = pressed[i % pressed.size()];
+        const bool wide = cells[2] != u"0";
+        cells[1] = QString::number(offset);
+        if (wide) cells[2] = QString::number(offset + 1);
+        offset += wide ? 2 : 1;
+        t.AddItem(cells.join(u'\t'));
+    }
 }
 
 // Child process: one start of the form (or of the bare floor window); prints
@@ -100,6 +127,56 @@ QString KindsOfForm(const QString& self) {
     return {};
 }
 
+struct SaveFigures {
+    double save, flushed, bare, safe;
+    qsizetype bytes;
+};
+
+// The save puts the file safely on the disk: a temporary file, flushed, then moved over the
+// old one. Its floor is one fwrite of the same bytes, flushed to the disk as well; the bare
+// fwrite and the safe write in one piece are measured beside it.
+SaveFigures MeasureSave(MainForm& f, const QTemporaryDir& dir) {
+    const QString target = dir.filePath(QStringLiteral("BIG.R20"));
+    SaveFigures figures{};
+    figures.save = bench::MedianMs(
+        15, [&] { finished_Click(f); },
+        [&] {
+            gui::seams::QueueSaveAnswer(target);
+            gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        });
+    QFile written(target);
+    written.open(QIODevice::ReadOnly);
+    const QByteArray bytes = written.readAll();
+    figures.bytes = bytes.size();
+    const QByteArray floorPath = dir.filePath(QStringLiteral("floor.R20")).toLocal8Bit();
+    auto fwriteOnce = [&](bool flushed) {
+        FILE* out = std::fopen(floorPath.constData(), "wb");
+        std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), out);
+        if (flushed) bench::FlushToDisk(out);
+        std::fclose(out);
+    };
+    figures.flushed = bench::MedianMs(15, [&] { fwriteOnce(true); });
+    figures.bare = bench::MedianMs(15, [&] { fwriteOnce(false); });
+    const QString safePath = dir.filePath(QStringLiteral("safe.R20"));
+    figures.safe = bench::MedianMs(15, [&] {
+        QSaveFile out(safePath);
+        out.open(QIODevice::WriteOnly);
+        out.write(bytes);
+        out.commit();
+    });
+    return figures;
+}
+
+void AddSaveRows(std::vector<bench::Row>& rows, const SaveFigures& s, const QString& work) {
+    const QString ms = QStringLiteral("ms");
+    rows.push_back(
+        {QStringLiteral("%1 (%2 bytes)").arg(work).arg(s.bytes), s.save, ms, s.flushed, 2.0, 200});
+    rows.push_back({QStringLiteral("  the same, against one bare fwrite, not flushed"), s.save, ms,
+                    s.bare, 0, 0});
+    rows.push_back({QStringLiteral("  the same, against one safe write of the bytes"), s.save, ms,
+                    s.safe, 0, 0});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -129,43 +206,17 @@ int main(int argc, char** argv) {
     MainForm f;
     StartWizard(f);
 
-    // Saving a full table. The save puts the file safely on the disk: a temporary file,
-    // flushed, then moved over the old one. Its floor is one fwrite of the same bytes, flushed
-    // to the disk as well; the bare fwrite and the safe write in one piece are shown beside it.
+    // Saving a full table: rows that repeat but for their offsets, then the presets in turn.
     QTemporaryDir dir;
     FillTable(f, channels::kMaxChannelRows);
-    const QString target = dir.filePath(QStringLiteral("BIG.R20"));
-    const double save = bench::MedianMs(
-        15, [&] { finished_Click(f); },
-        [&] {
-            gui::seams::QueueSaveAnswer(target);
-            gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
-        });
-    QFile written(target);
-    written.open(QIODevice::ReadOnly);
-    const QByteArray bytes = written.readAll();
-    const QByteArray floorPath = dir.filePath(QStringLiteral("floor.R20")).toLocal8Bit();
-    auto fwriteOnce = [&](bool flushed) {
-        FILE* out = std::fopen(floorPath.constData(), "wb");
-        std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), out);
-        if (flushed) bench::FlushToDisk(out);
-        std::fclose(out);
-    };
-    const double flushedMs = bench::MedianMs(15, [&] { fwriteOnce(true); });
-    const double bareMs = bench::MedianMs(15, [&] { fwriteOnce(false); });
-    const QString safePath = dir.filePath(QStringLiteral("safe.R20"));
-    const double safeMs = bench::MedianMs(15, [&] {
-        QSaveFile out(safePath);
-        out.open(QIODevice::WriteOnly);
-        out.write(bytes);
-        out.commit();
-    });
-    rows.push_back({QStringLiteral("save 32,767 rows (%1 bytes)").arg(bytes.size()), save,
-                    QStringLiteral("ms"), flushedMs, 2.0, 200});
-    rows.push_back({QStringLiteral("  the same, against one bare fwrite, not flushed"), save,
-                    QStringLiteral("ms"), bareMs, 0, 0});
-    rows.push_back({QStringLiteral("  the same, against one safe write of the bytes"), save,
-                    QStringLiteral("ms"), safeMs, 0, 0});
+    AddSaveRows(rows, MeasureSave(f, dir), QStringLiteral("save 32,767 rows"));
+    {
+        MainForm presets;
+        StartWizard(presets);
+        FillWithPresets(presets, channels::kMaxChannelRows);
+        AddSaveRows(rows, MeasureSave(presets, dir),
+                    QStringLiteral("save 32,767 rows of the presets in turn"));
+    }
 
     // NextFreeDmx over the full table.
     volatile int sink = 0;

@@ -19,7 +19,9 @@ class GridModel : public QAbstractTableModel {
     int Rows() const { return static_cast<int>(cells_.size() / static_cast<std::size_t>(cols_)); }
     int Cols() const { return cols_; }
     const QString& Cell(int row, int col) const { return texts_.At(cells_[Place(row, col)]); }
-    QStringView CellView(int row, int col) const { return texts_.View(cells_[Place(row, col)]); }
+    // The numbers of a row's texts in the pool, column by column: equal numbers, equal texts.
+    const TextPool::Id* RowIds(int row) const { return &cells_[Place(row, 0)]; }
+    const TextPool& Texts() const { return texts_; }
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);

@@ -7,11 +7,10 @@
 #include <cstring>
 
 #include "common/number.h"
-#include "gui/grid_model.h"
+#include "output/channel_bytes.h"
 #include "output/channel_columns.h"
 #include "output/channel_line.h"
 #include "output/code_page.h"
-#include "wizard/main_form.h"
 
 using namespace output;
 
@@ -113,6 +112,7 @@ class Bytes {
     }
 
     char* end() const { return p_; }
+    char16_t seen() const { return seen_; }
     bool ascii() const { return seen_ < 0x80; }
 
   private:
@@ -120,9 +120,10 @@ class Bytes {
     char16_t seen_ = 0;
 };
 
-// Whether dmx2 holds a number, and then whether it is above 0 (the row has a low byte line).
+}  // namespace
+
 // A plain whole number, as nearly every cell holds, is read here in one pass.
-std::optional<bool> Dmx2AboveZero(QStringView s) {
+std::optional<bool> output::Dmx2AboveZero(QStringView s) {
     const QChar* const d = s.data();
     const qsizetype n = s.size();
     bool negative = false;
@@ -138,6 +139,8 @@ std::optional<bool> Dmx2AboveZero(QStringView s) {
     if (!value) return std::nullopt;
     return *value > 0;
 }
+
+namespace {
 
 // Room enough for both lines of a row: every character of a cell becomes at most one byte,
 // a number at most this many, and the fixed parts fit in the rest.
@@ -166,16 +169,15 @@ void AppendThroughText(const ChannelCells& cells, bool lowLine, QByteArray& out)
 
 }  // namespace
 
-bool AppendChannelRowBytes(const ChannelCells& cells, QByteArray& out) {
+qsizetype output::WriteChannelRow(const ChannelCells& cells, QByteArray& out, qsizetype at,
+                                  RowLayout* layout) {
     const std::optional<bool> aboveZero = Dmx2AboveZero(cells[kDmx2]);
-    if (!aboveZero) return false;
+    if (!aboveZero) return -1;
     const bool lowLine = *aboveZero;
 
-    const qsizetype start = out.size();
     const qsizetype room = RoomFor(cells);
-    if (out.capacity() - start < room) out.reserve(std::max(2 * out.capacity(), start + room));
-    out.resize(start + room);
-    char* const base = out.data() + start;
+    if (out.size() - at < room) out.resize(std::max(2 * out.size(), at + room));
+    char* const base = out.data() + at;
 
     // Fields 1 to 12 with one blank between them, as ChannelLineOf puts them.
     Bytes b(base);
@@ -183,6 +185,7 @@ bool AppendChannelRowBytes(const ChannelCells& cells, QByteArray& out) {
     b.letter(' ');
     b.token(cells[kWheel]);
     b.letter(' ');
+    char* const head = b.end();
     const ChannelKind kind = KindOf(cells[kChannelType]);
     b.letters(TypeLetter(kind, lowLine));
     b.letter(' ');
@@ -216,18 +219,31 @@ bool AppendChannelRowBytes(const ChannelCells& cells, QByteArray& out) {
     }
 
     if (!b.ascii()) {
-        out.resize(start);
-        AppendThroughText(cells, lowLine, out);
-        return true;
+        // The general way, written over the attempt.
+        QByteArray lines;
+        AppendThroughText(cells, lowLine, lines);
+        if (out.size() - at < lines.size()) out.resize(at + lines.size());
+        std::memcpy(out.data() + at, lines.constData(), static_cast<std::size_t>(lines.size()));
+        if (layout) layout->plain = false;
+        return at + lines.size();
     }
-    out.resize(start + (b.end() - base));
-    return true;
+    if (layout) {
+        *layout = {true, kind, head - base, tail - base,
+                   static_cast<qsizetype>(tail - base + tailSize)};
+    }
+    return at + (b.end() - base);
 }
 
-bool AppendChannelRowBytes(const MainForm& f, int row, QByteArray& out) {
-    const gui::GridModel& grid = *f.table.model();
-    auto at = [&grid, row](int column) { return grid.CellView(row, column); };
-    const ChannelCells cells = {at(0), at(1), at(2),  at(3),  at(4),  at(5),  at(6), at(7),
-                                at(8), at(9), at(10), at(11), at(12), at(13), at(14)};
-    return AppendChannelRowBytes(cells, out);
+char* output::WriteToken(char* at, QStringView s, char16_t& seen) {
+    Bytes b(at);
+    b.token(s);
+    seen |= b.seen();
+    return b.end();
+}
+
+bool AppendChannelRowBytes(const ChannelCells& cells, QByteArray& out) {
+    const qsizetype end = output::WriteChannelRow(cells, out, out.size(), nullptr);
+    if (end < 0) return false;
+    out.resize(end);
+    return true;
 }

@@ -24,10 +24,9 @@ using ChannelCells = std::array<QStringView, kChannelColumns>;
 
 // Both lines of a row as the file holds them, each followed by CR LF, appended to `out`:
 // ToFileBytes of the line, and for a row whose dmx2 is above 0 also of its low byte line.
-// False, with nothing appended, when dmx2 holds no number. Saving a full grid goes through
-// here, so a row of plain text is encoded straight into bytes.
+// False, with nothing appended, when dmx2 holds no number. A row of plain text is encoded
+// straight into bytes.
 bool AppendChannelRowBytes(const ChannelCells& cells, QByteArray& out);
-bool AppendChannelRowBytes(const MainForm& f, int row, QByteArray& out);
 
 // The text up to the first ">" or blank: "61> B (right)" and "61" both give "61".
 QString LeadingToken(const QString& text);

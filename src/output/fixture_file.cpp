@@ -3,10 +3,11 @@
 #include <QDateTime>
 #include <QIODevice>
 #include <algorithm>
+#include <cstring>
 
 #include "common/number.h"
 #include "gui/system.h"
-#include "output/channel_line.h"
+#include "output/channel_rows.h"
 #include "output/code_page.h"
 #include "output/comment_lines.h"
 #include "output/write_back.h"
@@ -17,29 +18,37 @@ namespace {
 constexpr int kMaxRows = 32767;  // the row counter is 16 bits wide
 constexpr double kDmxUniverse = 512;
 
-// Writes lines in order, gathered into writes of a quarter megabyte or so, and remembers the first
-// failure; after it, writes nothing more.
+// Writes lines in order, gathered into writes of a quarter megabyte or so, and remembers the
+// first failure; after it, writes nothing more. The gathering buffer keeps its full size;
+// `used_` tells how much of it holds bytes for the file.
 class LineWriter {
   public:
-    explicit LineWriter(QIODevice& out) : out_(out) { pending_.reserve(kChunk + kChunk / 4); }
+    LineWriter(QIODevice& out, const gui::GridModel& channels)
+        : out_(out), channels_(channels), pending_(kChunk + kChunk / 4, Qt::Uninitialized) {}
 
     void line(const QString& text) {
         if (!outcome_.ok) return;
-        pending_.append(ToFileBytes(text));
-        pending_.append("\r\n", 2);
-        if (pending_.size() >= kChunk) flush();
+        const QByteArray bytes = ToFileBytes(text);
+        const qsizetype size = bytes.size() + 2;
+        if (pending_.size() - used_ < size)
+            pending_.resize(std::max(2 * pending_.size(), used_ + size));
+        char* at = pending_.data() + used_;
+        std::memcpy(at, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+        std::memcpy(at + bytes.size(), "\r\n", 2);
+        used_ += size;
+        if (used_ >= kChunk) flush();
     }
     void line(const char* ascii) { line(QString::fromLatin1(ascii)); }
     // The lines of one channel row, encoded straight into the gathered bytes.
-    void channelRow(const MainForm& f, int row) {
+    void channelRow(int row) {
         if (!outcome_.ok) return;
-        AppendChannelRowBytes(f, row, pending_);
-        if (pending_.size() >= kChunk) flush();
+        used_ = channels_.Write(row, pending_, used_);
+        if (used_ >= kChunk) flush();
     }
     // Hands the gathered bytes to the device.
     void flush() {
-        send(pending_);
-        pending_.resize(0);  // keeps its room for the next chunk
+        send(pending_.constData(), used_);
+        used_ = 0;
     }
     bool ok() const { return outcome_.ok; }
     WriteOutcome finish() {
@@ -50,11 +59,11 @@ class LineWriter {
   private:
     // A device may take part of the bytes and tell the reason only when asked for the rest,
     // so it is asked until it takes all or refuses.
-    void send(const QByteArray& bytes) {
+    void send(const char* bytes, qsizetype size) {
         const qint64 from = written_;
         qsizetype done = 0;
-        while (outcome_.ok && done < bytes.size()) {
-            const qint64 n = out_.write(bytes.constData() + done, bytes.size() - done);
+        while (outcome_.ok && done < size) {
+            const qint64 n = out_.write(bytes + done, size - done);
             if (n <= 0) {
                 outcome_.ok = false;
                 outcome_.error = out_.errorString();
@@ -68,7 +77,9 @@ class LineWriter {
 
     static constexpr qsizetype kChunk = 256 * 1024;
     QIODevice& out_;
+    output::ChannelRowsEncoder channels_;
     QByteArray pending_;
+    qsizetype used_ = 0;
     qint64 written_ = 0;
     WriteOutcome outcome_;
 };
@@ -93,13 +104,13 @@ QString MaxDmxLine(const MainForm& f) {
 // One line per 8-bit row, two per 16-bit row; a row without a number in dmx2 writes none.
 void WriteChannelLines(const MainForm& f, LineWriter& w) {
     const int rows = std::min(f.table.Rows(), kMaxRows + 1);
-    for (int r = 1; r < rows && w.ok(); ++r) w.channelRow(f, r);
+    for (int r = 1; r < rows && w.ok(); ++r) w.channelRow(r);
 }
 
 }  // namespace
 
 WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice& out) {
-    LineWriter w(out);
+    LineWriter w(out, *f.table.model());
     for (const QString& comment : CommentLines(f.morecomment.Text())) w.line(comment);
     w.line("; ");
     w.line("; ");

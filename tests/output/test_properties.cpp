@@ -5,6 +5,7 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTest>
+#include <vector>
 
 #include "common/number.h"
 #include "output/channel_line.h"
@@ -156,15 +157,25 @@ void TestOutput::commentLinesShape() {
     }
 }
 
-// The writer reads the grid itself, a few rows ahead: the DMX section of a whole file is the
-// lines of the rows one after another, from the first to the last row.
+// The writer copies what it wrote for a kind of row (the cells but the two offsets) when the
+// kind comes again: the DMX section of a whole file is still the lines of the rows one after
+// another. Kinds come back at random, more of them than the writer keeps at once, some with
+// a comment too long to keep, with offsets of every form.
 void TestOutput::fileHoldsEveryRowLine() {
     QRandomGenerator random(31337);
+    std::vector<QStringList> kinds;
+    for (int i = 0; i < 400; ++i) kinds.push_back(RandomRow(random));
+    kinds[0][14] = QString(300, u'c');
+    kinds[1][14] = QString(300, u'\u00E9');
     gui::Grid& table = form().table;
-    while (table.Rows() <= 300) table.AddItem(QString::number(table.Rows()));
+    while (table.Rows() <= 2000) table.AddItem(QString::number(table.Rows()));
     QByteArray expected = "\r\nDMX\r\n";
     for (int row = 1; row < table.Rows(); ++row) {
-        const QStringList cells = RandomRow(random);
+        QStringList cells =
+            random.bounded(8) ? kinds[random.bounded(int(kinds.size()))] : RandomRow(random);
+        cells[1] = random.bounded(4) ? QString::number(row) : RandomCell(random);
+        cells[2] = random.bounded(8) ? kWholeNumbers[random.bounded(kWholeNumbers.size())]
+                                     : RandomCell(random);
         for (int column = 1; column < kChannelColumns; ++column)
             table.setTextMatrix(row, column, cells[column]);
         for (const bool lowByte : {false, true}) {

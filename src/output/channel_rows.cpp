@@ -1,0 +1,126 @@
+#include "output/channel_rows.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+#include "gui/grid_model.h"
+#include "output/channel_bytes.h"
+
+namespace output {
+namespace {
+
+using Id = gui::TextPool::Id;
+
+// A row's kind is told by the cells from the channel type to the comment.
+constexpr int kFirstKindColumn = kChannelType;
+constexpr int kKindColumns = kChannelColumns - kFirstKindColumn;
+constexpr std::size_t kHeadRoom = 64;
+constexpr std::size_t kTailRoom = 240;
+constexpr std::size_t kKinds = 256;  // kinds kept at once; a power of two
+
+constexpr Id kNoText = ~Id{0};
+
+// Copies in whole blocks of this size; the room behind the target has one block to spare.
+constexpr std::size_t kBlock = 32;
+
+char* CopyBlocks(char* to, const char* from, std::size_t size) {
+    for (std::size_t i = 0; i < size; i += kBlock) std::memcpy(to + i, from + i, kBlock);
+    return to + size;
+}
+
+struct RowKind {
+    std::array<Id, kKindColumns> ids;
+    ChannelKind kind = ChannelKind::kOther;
+    std::uint8_t headSize = 0;
+    std::uint8_t tailSize = 0;
+    char head[kHeadRoom + kBlock] = {};  // the last block may read beyond the bytes kept
+    char tail[kTailRoom + kBlock] = {};
+};
+
+// Each cell weighed by its own odd factor, so the products do not wait for one another.
+std::size_t SlotOf(const Id* ids) {
+    std::uint64_t h = 0;
+    for (int i = 0; i < kKindColumns; ++i) h += std::uint64_t{ids[i]} * (2 * i + 1);
+    return static_cast<std::size_t>((h * 0x9E3779B97F4A7C15u) >> 56) & (kKinds - 1);
+}
+
+}  // namespace
+
+struct ChannelRowsEncoder::KnownKinds {
+    KnownKinds() {
+        for (RowKind& k : kinds) k.ids.fill(kNoText);
+    }
+    std::array<RowKind, kKinds> kinds;
+    // dmx2 repeats too ("0" on every 8-bit row): its reading is kept for the last text.
+    Id dmx2Id = kNoText;
+    std::optional<bool> dmx2AboveZero;
+};
+
+ChannelRowsEncoder::ChannelRowsEncoder(const gui::GridModel& grid)
+    : grid_(grid), known_(std::make_unique<KnownKinds>()) {}
+
+ChannelRowsEncoder::~ChannelRowsEncoder() = default;
+
+qsizetype ChannelRowsEncoder::Write(int row, QByteArray& out, qsizetype at) {
+    const gui::TextPool& texts = grid_.Texts();
+    const Id* const ids = grid_.RowIds(row);
+    const Id* const kindIds = ids + kFirstKindColumn;
+    RowKind& known = known_->kinds[SlotOf(kindIds)];
+
+    if (std::equal(known.ids.begin(), known.ids.end(), kindIds)) {
+        KnownKinds& k = *known_;
+        if (k.dmx2Id != ids[kDmx2]) {
+            k.dmx2Id = ids[kDmx2];
+            k.dmx2AboveZero = Dmx2AboveZero(texts.View(ids[kDmx2]));
+        }
+        if (!k.dmx2AboveZero) return at;
+        const bool lowLine = *k.dmx2AboveZero;
+        const QStringView dmx1 = texts.View(ids[kDmx1]);
+        const QStringView dmx2 = texts.View(ids[kDmx2]);
+        const qsizetype room = 2 * (qsizetype{known.headSize} + known.tailSize + 8) + dmx1.size() +
+                               dmx2.size() + qsizetype{kBlock};
+        if (out.size() - at < room) out.resize(std::max(2 * out.size(), at + room));
+        char* const base = out.data() + at;
+        char* q = base;
+        char16_t seen = 0;
+        q = CopyBlocks(q, known.head, known.headSize);
+        if (const QLatin1String letter = TypeLetter(known.kind, lowLine); !letter.isEmpty())
+            *q++ = letter.data()[0];
+        *q++ = ' ';
+        q = WriteToken(q, dmx1, seen);
+        q = CopyBlocks(q, known.tail, known.tailSize);
+        if (lowLine) {
+            std::memcpy(q, "0 0 ", 4);
+            q += 4;
+            if (const QLatin1String letter = TypeLetter(known.kind, false); !letter.isEmpty())
+                *q++ = letter.data()[0];
+            *q++ = ' ';
+            q = WriteToken(q, dmx2, seen);
+            q = CopyBlocks(q, known.tail, known.tailSize);
+        }
+        if (seen < 0x80) return at + (q - base);
+        // An offset beyond ASCII: the row goes the general way below.
+    }
+
+    ChannelCells cells;
+    for (int c = 0; c < kChannelColumns; ++c) cells[c] = texts.View(ids[c]);
+    RowLayout layout;
+    const qsizetype end = WriteChannelRow(cells, out, at, &layout);
+    if (end < 0) return at;
+    const qsizetype tailSize = layout.tailEnd - layout.tailBegin;
+    if (layout.plain && layout.headEnd <= qsizetype{kHeadRoom} &&
+        tailSize <= qsizetype{kTailRoom}) {
+        std::copy(kindIds, kindIds + kKindColumns, known.ids.begin());
+        known.kind = layout.kind;
+        known.headSize = static_cast<std::uint8_t>(layout.headEnd);
+        known.tailSize = static_cast<std::uint8_t>(tailSize);
+        const char* const written = out.constData() + at;
+        std::memcpy(known.head, written, known.headSize);
+        std::memcpy(known.tail, written + layout.tailBegin, known.tailSize);
+    }
+    return end;
+}
+
+}  // namespace output
