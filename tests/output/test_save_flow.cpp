@@ -14,6 +14,7 @@
 
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #endif
@@ -55,6 +56,25 @@ struct FileSizeLimit {
     ~FileSizeLimit() {
         if (active) setrlimit(RLIMIT_FSIZE, &before);
     }
+};
+
+// Mode bits do not stop the superuser, as whom tests may run: for the save the test takes on
+// the rights of the user "nobody", and gives them back after.
+struct OrdinaryRights {
+    static constexpr uid_t kNobody = 65534;
+    bool taken = false;
+    bool take() {
+        if (geteuid() != 0) return true;
+        taken = setegid(kNobody) == 0 && seteuid(kNobody) == 0;
+        return taken;
+    }
+    void giveBack() {
+        if (!taken) return;
+        taken = false;
+        [[maybe_unused]] const int uid = seteuid(0);
+        [[maybe_unused]] const int gid = setegid(0);
+    }
+    ~OrdinaryRights() { giveBack(); }
 };
 #endif
 
@@ -121,7 +141,8 @@ void TestOutput::secondSaveReplacesFirst() {
 
 void TestOutput::failureKeepsOldFile_data() {
     QTest::addColumn<QString>("where");
-    for (const char* where : {"missing folder", "target is a folder", "full device", "size limit"})
+    for (const char* where : {"missing folder", "read-only folder", "folder without execute right",
+                              "target is a folder", "full device", "size limit"})
         QTest::newRow(where) << where;
 }
 
@@ -133,9 +154,29 @@ void TestOutput::failureKeepsOldFile() {
     QString oldFile;  // a file that must come out byte-identical
 #ifdef Q_OS_UNIX
     FileSizeLimit limit;
+    OrdinaryRights rights;
 #endif
     if (where == u"missing folder") {
         path = dir.filePath(QStringLiteral("missing/BEAM575.R20"));
+    } else if (where.startsWith(u"read-only") || where.endsWith(u"execute right")) {
+#ifdef Q_OS_UNIX
+        // The old file in a folder of its own, which then loses its write or its execute
+        // right; the folder around it lets anyone through.
+        folder = dir.filePath(QStringLiteral("locked"));
+        QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("locked")));
+        path = folder + QStringLiteral("/BEAM575.R20");
+        oldFile = path;
+        QVERIFY(WriteBytes(path, kOldBytes));
+        QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                              QFile::ReadOther | QFile::ExeOther);
+        const QFile::Permissions kept =
+            where.startsWith(u"read-only")
+                ? QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther
+                : QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther | QFile::WriteOther;
+        QVERIFY(QFile::setPermissions(folder, kept));
+#else
+        QSKIP("No mode bits on this system");
+#endif
     } else if (where == u"target is a folder") {
         QVERIFY(QDir(folder).mkdir(QStringLiteral("BEAM575.R20")));
         oldFile = path + QStringLiteral("/inside.R20");
@@ -155,9 +196,16 @@ void TestOutput::failureKeepsOldFile() {
     if (where == u"target is a folder") QVERIFY(WriteBytes(oldFile, kOldBytes));
     const QStringList before = EntriesOf(folder);
 
+#ifdef Q_OS_UNIX
+    if (folder.endsWith(u"/locked") && !rights.take())
+        QSKIP("Cannot take on the rights of an ordinary user");
+#endif
     gui::seams::QueueSaveAnswer(path);
     gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
     finished_Click(form());
+#ifdef Q_OS_UNIX
+    rights.giveBack();
+#endif
 
     QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(1));
     const gui::seams::MsgBoxCall& told = gui::seams::MsgBoxCalls().front();
