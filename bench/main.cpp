@@ -69,7 +69,7 @@ void FillWithPresets(MainForm& f, int channelRows) {
 
 // Child process: one start of the form (or of the bare floor window); prints
 // "<milliseconds> <resident MiB after start> <resident MiB at full table>".
-int RunStartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
+int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
     // From before the application object: what the program sets up there counts too.
     QElapsedTimer timer;
     timer.start();
@@ -103,19 +103,36 @@ struct StartFigures {
     double ms, mib, fullMib;
 };
 
-StartFigures RunStart(const QString& self, const QStringList& args, int repeats) {
-    std::vector<double> ms, mib, full;
+StartFigures StartOnce(const QString& self, const QStringList& args) {
+    QProcess p;
+    p.start(self, args);
+    p.waitForFinished(60000);
+    const QList<QByteArray> f = p.readAllStandardOutput().trimmed().split(' ');
+    if (f.size() < 3) return {-1, -1, -1};
+    return {f[0].toDouble(), f[1].toDouble(), f[2].toDouble()};
+}
+
+// Starts of the form and of its floor in turn, each in a process of its own; the medians.
+std::pair<StartFigures, StartFigures> RunStarts(const QString& self, const QStringList& form,
+                                                const QStringList& bare, int repeats) {
+    std::vector<double> ms[2], mib[2], full[2];
     for (int i = 0; i < repeats; ++i) {
-        QProcess p;
-        p.start(self, args);
-        p.waitForFinished(60000);
-        const QList<QByteArray> f = p.readAllStandardOutput().trimmed().split(' ');
-        if (f.size() < 3) continue;
-        ms.push_back(f[0].toDouble());
-        mib.push_back(f[1].toDouble());
-        full.push_back(f[2].toDouble());
+        int side = 0;
+        for (const QStringList* args : {&form, &bare}) {
+            const StartFigures one = StartOnce(self, *args);
+            if (one.ms >= 0) {
+                ms[side].push_back(one.ms);
+                mib[side].push_back(one.mib);
+                full[side].push_back(one.fullMib);
+            }
+            ++side;
+        }
     }
-    return {bench::Median(ms), bench::Median(mib), bench::Median(full)};
+    auto median = [&](int side) {
+        return StartFigures{bench::Median(ms[side]), bench::Median(mib[side]),
+                            bench::Median(full[side])};
+    };
+    return {median(0), median(1)};
 }
 
 QString KindsOfForm(const QString& self) {
@@ -137,17 +154,16 @@ struct SaveFigures {
 // fwrite and the safe write in one piece are measured beside it.
 SaveFigures MeasureSave(MainForm& f, const QTemporaryDir& dir) {
     const QString target = dir.filePath(QStringLiteral("BIG.R20"));
-    SaveFigures figures{};
-    figures.save = bench::MedianMs(
-        15, [&] { finished_Click(f); },
-        [&] {
-            gui::seams::QueueSaveAnswer(target);
-            gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
-        });
+    auto save = [&] { finished_Click(f); };
+    auto answers = [&] {
+        gui::seams::QueueSaveAnswer(target);
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+    };
+    answers();
+    save();  // the bytes the floors write
     QFile written(target);
     written.open(QIODevice::ReadOnly);
     const QByteArray bytes = written.readAll();
-    figures.bytes = bytes.size();
     const QByteArray floorPath = dir.filePath(QStringLiteral("floor.R20")).toLocal8Bit();
     auto fwriteOnce = [&](bool flushed) {
         FILE* out = std::fopen(floorPath.constData(), "wb");
@@ -155,16 +171,17 @@ SaveFigures MeasureSave(MainForm& f, const QTemporaryDir& dir) {
         if (flushed) bench::FlushToDisk(out);
         std::fclose(out);
     };
-    figures.flushed = bench::MedianMs(15, [&] { fwriteOnce(true); });
-    figures.bare = bench::MedianMs(15, [&] { fwriteOnce(false); });
     const QString safePath = dir.filePath(QStringLiteral("safe.R20"));
-    figures.safe = bench::MedianMs(15, [&] {
+    auto safeWrite = [&] {
         QSaveFile out(safePath);
         out.open(QIODevice::WriteOnly);
         out.write(bytes);
         out.commit();
-    });
-    return figures;
+    };
+    const std::vector<double> ms = bench::MediansInTurn(
+        15,
+        {{save, answers}, {[&] { fwriteOnce(true); }}, {[&] { fwriteOnce(false); }}, {safeWrite}});
+    return {ms[0], ms[1], ms[2], ms[3], bytes.size()};
 }
 
 void AddSaveRows(std::vector<bench::Row>& rows, const SaveFigures& s, const QString& work) {
@@ -181,9 +198,9 @@ void AddSaveRows(std::vector<bench::Row>& rows, const SaveFigures& s, const QStr
 
 int main(int argc, char** argv) {
     if (argc >= 3 && QByteArray(argv[1]) == "--start-form")
-        return RunStartChild(argc, argv, false, QByteArray(argv[2]));
+        return StartChild(argc, argv, false, QByteArray(argv[2]));
     if (argc >= 3 && QByteArray(argv[1]) == "--start-bare")
-        return RunStartChild(argc, argv, true, QByteArray(argv[2]));
+        return StartChild(argc, argv, true, QByteArray(argv[2]));
 
     gui::Application app(argc, argv);
     const QString self = QCoreApplication::applicationFilePath();
@@ -191,9 +208,9 @@ int main(int argc, char** argv) {
 
     // Start and memory, each start in a process of its own.
     const QString kinds = KindsOfForm(self);
-    const StartFigures form =
-        RunStart(self, {QStringLiteral("--start-form"), QStringLiteral("full")}, 7);
-    const StartFigures bare = RunStart(self, {QStringLiteral("--start-bare"), kinds}, 7);
+    const auto [form, bare] =
+        RunStarts(self, {QStringLiteral("--start-form"), QStringLiteral("full")},
+                  {QStringLiteral("--start-bare"), kinds}, 11);
     rows.push_back({QStringLiteral("start: application, form, Form_Load, first paint (%1)")
                         .arg(kinds.count(u',') + 1),
                     form.ms, QStringLiteral("ms"), bare.ms, 1.5, 0});

@@ -31,6 +31,22 @@ double MedianMs(int repeats, const std::function<void()>& work,
     return Median(times);
 }
 
+std::vector<double> MediansInTurn(int repeats, const std::vector<Work>& works) {
+    std::vector<std::vector<double>> times(works.size());
+    for (int i = 0; i < repeats; ++i) {
+        for (std::size_t w = 0; w < works.size(); ++w) {
+            if (works[w].prepare) works[w].prepare();
+            QElapsedTimer timer;
+            timer.start();
+            works[w].run();
+            times[w].push_back(timer.nsecsElapsed() / 1e6);
+        }
+    }
+    std::vector<double> medians;
+    for (std::vector<double>& t : times) medians.push_back(Median(std::move(t)));
+    return medians;
+}
+
 double ResidentMiB() {
 #ifndef Q_OS_LINUX
     return -1;

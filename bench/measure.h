@@ -15,6 +15,16 @@ double MedianMs(int repeats, const std::function<void()>& work,
 
 double Median(std::vector<double> values);
 
+// One piece of work to time, with what must happen before each run, untimed.
+struct Work {
+    std::function<void()> run;
+    std::function<void()> prepare = {};
+};
+
+// Runs the works in turn, `repeats` rounds, so that a figure and its floor meet the machine
+// in the same state; gives the median milliseconds of each work.
+std::vector<double> MediansInTurn(int repeats, const std::vector<Work>& works);
+
 // Resident memory of this process in MiB, or a negative number where it cannot be read.
 double ResidentMiB();
 

@@ -18,9 +18,10 @@ constexpr int kFirstKindColumn = kChannelType;
 constexpr int kKindColumns = kChannelColumns - kFirstKindColumn;
 constexpr std::size_t kHeadRoom = 64;
 constexpr std::size_t kTailRoom = 240;
-constexpr std::size_t kKinds = 256;  // kinds kept at once; a power of two
+constexpr std::size_t kKinds = 256;  // kinds kept at once, two to a set; a power of two
 
 constexpr Id kNoText = ~Id{0};
+constexpr int kAhead = 8;  // rows
 
 // Copies in whole blocks of this size; the room behind the target has one block to spare.
 constexpr std::size_t kBlock = 32;
@@ -39,11 +40,16 @@ struct RowKind {
     char tail[kTailRoom + kBlock] = {};
 };
 
-// Each cell weighed by its own odd factor, so the products do not wait for one another.
-std::size_t SlotOf(const Id* ids) {
+// The first of the two places a kind may be kept in. Each cell weighed by its own odd factor,
+// so the products do not wait for one another.
+std::size_t SetOf(const Id* ids) {
     std::uint64_t h = 0;
     for (int i = 0; i < kKindColumns; ++i) h += std::uint64_t{ids[i]} * (2 * i + 1);
-    return static_cast<std::size_t>((h * 0x9E3779B97F4A7C15u) >> 56) & (kKinds - 1);
+    return static_cast<std::size_t>((h * 0x9E3779B97F4A7C15u) >> 56) & (kKinds - 2);
+}
+
+bool Holds(const RowKind& k, const Id* ids) {
+    return std::equal(k.ids.begin(), k.ids.end(), ids);
 }
 
 }  // namespace
@@ -66,10 +72,23 @@ ChannelRowsEncoder::~ChannelRowsEncoder() = default;
 qsizetype ChannelRowsEncoder::Write(int row, QByteArray& out, qsizetype at) {
     const gui::TextPool& texts = grid_.Texts();
     const Id* const ids = grid_.RowIds(row);
+#if defined(__GNUC__) || defined(__clang__)
+    // The offsets are texts of their own, spread over memory, and a row waits for them more
+    // than for anything else: those of a row some way ahead are asked for now.
+    if (row + kAhead < grid_.Rows()) {
+        const Id* const ahead = grid_.RowIds(row + kAhead);
+        __builtin_prefetch(texts.View(ahead[kDmx1]).data());
+        __builtin_prefetch(texts.View(ahead[kDmx2]).data());
+    }
+#endif
     const Id* const kindIds = ids + kFirstKindColumn;
-    RowKind& known = known_->kinds[SlotOf(kindIds)];
+    RowKind* const set = &known_->kinds[SetOf(kindIds)];
+    RowKind* const found = Holds(set[0], kindIds)   ? &set[0]
+                           : Holds(set[1], kindIds) ? &set[1]
+                                                    : nullptr;
 
-    if (std::equal(known.ids.begin(), known.ids.end(), kindIds)) {
+    if (found) {
+        const RowKind& known = *found;
         KnownKinds& k = *known_;
         if (k.dmx2Id != ids[kDmx2]) {
             k.dmx2Id = ids[kDmx2];
@@ -112,6 +131,9 @@ qsizetype ChannelRowsEncoder::Write(int row, QByteArray& out, qsizetype at) {
     const qsizetype tailSize = layout.tailEnd - layout.tailBegin;
     if (layout.plain && layout.headEnd <= qsizetype{kHeadRoom} &&
         tailSize <= qsizetype{kTailRoom}) {
+        // The older of the two gives way; the new kind takes the first place.
+        set[1] = set[0];
+        RowKind& known = set[0];
         std::copy(kindIds, kindIds + kKindColumns, known.ids.begin());
         known.kind = layout.kind;
         known.headSize = static_cast<std::uint8_t>(layout.headEnd);
