@@ -210,7 +210,7 @@ int main(int argc, char** argv) {
     const QString kinds = KindsOfForm(self);
     const auto [form, bare] =
         RunStarts(self, {QStringLiteral("--start-form"), QStringLiteral("full")},
-                  {QStringLiteral("--start-bare"), kinds}, 11);
+                  {QStringLiteral("--start-bare"), kinds}, 21);
     rows.push_back({QStringLiteral("start: application, form, Form_Load, first paint (%1)")
                         .arg(kinds.count(u',') + 1),
                     form.ms, QStringLiteral("ms"), bare.ms, 1.5, 0});
