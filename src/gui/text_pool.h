@@ -2,6 +2,9 @@
 // Every distinct text of a grid, kept once and named by a small number. A cell holds only
 // that number, so a full channel table is one compact block that the file writer and the
 // searches through the table run along, instead of an object per cell spread over memory.
+// Texts stay for the life of the grid, also when no cell shows them any more: a table holds
+// its offsets, labels and comments, some thousands of short texts, and dropping the ones
+// left over would cost a count per cell on every change.
 #include <QHash>
 #include <QString>
 #include <cstdint>
