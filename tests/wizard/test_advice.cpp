@@ -13,14 +13,24 @@ using gui::testing::Click;
 
 namespace {
 
-const char* kCleanRow = "1;0;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;default";
+// Columns 1 to 14 of a row joined by ";".
+const QString kPan = QStringLiteral("1;0;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;default");
+const QString kTilt = QStringLiteral("2;0;FADEABLE LTP;F>;4;1;Tilt;1;N;100;128;0;0;");
+const QString kHtp = QStringLiteral("HTP (usually dimmer)");
+
+// `row` with its cell in column `col` (1..14) replaced.
+QString With(int col, const QString& value, const QString& row = kPan) {
+    QStringList cells = row.split(u';');
+    cells[col - 1] = value;
+    return cells.join(u';');
+}
 
 }  // namespace
 
 class TestAdvice : public FormFixture {
     Q_OBJECT
 
-    // Rows as columns 1 to 14 joined by ";"; the table gets exactly these rows.
+    // The table gets exactly these rows.
     void setRows(const QStringList& rows) {
         gui::Grid& t = form().table;
         while (t.Rows() > 2) t.RemoveItem(t.Rows() - 1);
@@ -31,28 +41,28 @@ class TestAdvice : public FormFixture {
         }
     }
 
+    // "key=value|…" over a clean set of general data.
     void setGeneral(const QString& assignments) {
         MainForm& f = form();
+        f.manifacturer.setText(QStringLiteral("Lumenfab"));
+        f.model.setText(QStringLiteral("Beam 575"));
+        f.nameondesk.setText(QStringLiteral("BEAM575"));
+        f.movinghead.setValue(true);
+        const QHash<QString, gui::TextBox*> boxes{{"manifacturer", &f.manifacturer},
+                                                  {"model", &f.model},
+                                                  {"nameondesk", &f.nameondesk},
+                                                  {"pan", &f.degreespan},
+                                                  {"tilt", &f.degreestilt}};
         for (const QString& a : assignments.split(u'|', Qt::SkipEmptyParts)) {
-            const QString key = a.section(u'=', 0, 0);
-            const QString value = a.section(u'=', 1);
-            if (key == u"manifacturer") f.manifacturer.setText(value);
-            if (key == u"model") f.model.setText(value);
-            if (key == u"nameondesk") f.nameondesk.setText(value);
-            if (key == u"pan") f.degreespan.setText(value);
-            if (key == u"tilt") f.degreestilt.setText(value);
-            if (key == u"type") {
-                f.movinghead.setValue(value == u"movinghead");
-                f.mirror.setValue(value == u"mirror");
-                f.otherkind.setValue(value == u"otherkind");
+            const QString key = a.section(u'=', 0, 0), value = a.section(u'=', 1);
+            if (key != u"type") {
+                boxes.value(key)->setText(value);
+                continue;
             }
+            f.movinghead.setValue(value == u"movinghead");
+            f.mirror.setValue(value == u"mirror");
+            f.otherkind.setValue(value == u"otherkind");
         }
-    }
-
-    void makeClean() {
-        setGeneral(QStringLiteral(
-            "manifacturer=Lumenfab|model=Beam 575|nameondesk=BEAM575|type=movinghead"));
-        setRows({kCleanRow});
     }
 
   private slots:
@@ -60,92 +70,60 @@ class TestAdvice : public FormFixture {
         QTest::addColumn<QString>("general");
         QTest::addColumn<QStringList>("rows");
         QTest::addColumn<QString>("message");
-        const QStringList clean{kCleanRow};
-        QTest::newRow("clean") << "" << clean << "";
-        QTest::newRow("manufacturer blank")
-            << "manifacturer=   " << clean << "Manifacturer cannot be empty!";
-        QTest::newRow("model empty") << "model=" << clean << "Model cannot be empty!";
-        QTest::newRow("name empty")
-            << "nameondesk=" << clean << "Name on desk cannot contain spaces or be empty!";
-        QTest::newRow("name with blank")
-            << "nameondesk=BEAM 575" << clean << "Name on desk cannot contain spaces or be empty!";
-        QTest::newRow("no type") << "type=none" << clean << "Please choose type of fixture!";
-        QTest::newRow("pan 720") << "pan=720" << clean << "Pan degrees must be 1 to 719!";
-        QTest::newRow("pan 0") << "pan=0" << clean << "Pan degrees must be 1 to 719!";
-        QTest::newRow("pan fraction") << "pan=1.5" << clean << "Pan degrees must be 1 to 719!";
-        QTest::newRow("tilt letters") << "tilt=abc" << clean << "Tilt degrees must be 1 to 359!";
-        QTest::newRow("other kind skips degrees") << "type=otherkind|pan=0|tilt=0" << clean << "";
-        QTest::newRow("dmx zero") << ""
-                                  << QStringList{"0;0;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;"}
-                                  << "DMX cannot be zero! Maybe one unused row to delete?";
-        QTest::newRow("untouched first row")
-            << "" << QStringList{";0"} << "DMX cannot be zero! Maybe one unused row to delete?";
-        QTest::newRow("offset used twice")
-            << "" << QStringList{kCleanRow, "1;0;FADEABLE LTP;F>;4;1;Tilt;1;N;100;128;0;0;"}
-            << "DMX channel duplicated at line 2";
-        QTest::newRow("low byte on an earlier offset")
-            << "" << QStringList{kCleanRow, "2;1;FADEABLE LTP;F>;4;1;Tilt;1;N;100;128;0;0;"}
-            << "DMX channel duplicated at line 2";
-        QTest::newRow("both bytes the same")
-            << "" << QStringList{"1;1;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;"}
-            << "DMX channel duplicated at line 1";
-        QTest::newRow("channel type")
-            << "" << QStringList{"1;0;fadeable ltp;E>;3;61;Pan;1;N;100;128;0;0;"}
-            << "Invalid Channel Type at line 1";
-        QTest::newRow("second HTP")
-            << ""
-            << QStringList{"1;0;HTP (usually dimmer);H>;1;1;Dimmer;1;N;100;128;0;0;",
-                           "2;0;HTP (usually dimmer);H>;2;1;Dimmer;1;N;100;128;0;0;"}
-            << "There may be only 1 HTP channel! There is a second at line 2";
-        QTest::newRow("16-bit HTP")
-            << "" << QStringList{"1;2;HTP (usually dimmer);H>;1;1;Dimmer;1;N;100;128;0;0;"}
-            << "An HTP channel cannot be 16 bit i.e. a 16 bit channel cannot be HTP, line 1";
-        QTest::newRow("wheel") << "" << QStringList{"1;0;FADEABLE LTP;E>;3;2;Pan;1;N;100;128;0;0;"}
-                               << "Wheel must be 1 (A) or 61 (B) at line 1";
-        QTest::newRow("long wheel is fine")
-            << "" << QStringList{"1;0;FADEABLE LTP;E>;3;61> B (right);Pan;1;N;100;128;0;0;"} << "";
-        QTest::newRow("key 21") << ""
-                                << QStringList{"1;0;FADEABLE LTP;E>;21;61;Pan;1;N;100;128;0;0;"}
-                                << "Key ID out of bounds (1-20) at line 1";
-        QTest::newRow("key empty")
-            << "" << QStringList{"1;0;FADEABLE LTP;E>;;61;Pan;1;N;100;128;0;0;"}
-            << "Key ID out of bounds (1-20) at line 1";
-        QTest::newRow("key on same wheel")
-            << "" << QStringList{kCleanRow, "2;0;FADEABLE LTP;F>;3;61;Tilt;1;N;100;128;0;0;"}
-            << "Key assignament duplicated at line 2";
-        QTest::newRow("same key, other wheel")
-            << "" << QStringList{kCleanRow, "2;0;FADEABLE LTP;F>;3;1;Tilt;1;N;100;128;0;0;"} << "";
-        QTest::newRow("ratio 0") << "" << QStringList{"1;0;FADEABLE LTP;E>;3;61;Pan;1;N;0;128;0;0;"}
-                                 << "Ratio % value out of bounds (1-100) at line 1";
-        QTest::newRow("locate 256")
-            << "" << QStringList{"1;0;FADEABLE LTP;E>;3;61;Pan;1;N;100;256;0;0;"}
-            << "Locate value out of bounds (0-255) at line 1";
-        QTest::newRow("highlight -1")
-            << "" << QStringList{"1;0;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;-1;0;"}
-            << "Highligt value out of bounds (0-255) at line 1";
-        QTest::newRow("lowlight 300")
-            << "" << QStringList{"1;0;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;300;"}
-            << "Lolight value out of bounds (0-255) at line 1";
-        QTest::newRow("gap in the offsets")
-            << "" << QStringList{kCleanRow, "3;0;FADEABLE LTP;F>;4;1;Tilt;1;N;100;128;0;0;"}
-            << "Unused dmx channel (2) in range!";
-        QTest::newRow("offset only on a row without dmx2")
-            << "" << QStringList{kCleanRow, "2;"} << "Unused dmx channel (2) in range!";
-        QTest::newRow("two faults, the earlier wins")
-            << "model=" << QStringList{"0;0;;;;;;;;;;;;"} << "Model cannot be empty!";
-        QTest::newRow("second row fault after first")
-            << "" << QStringList{"1;0;FADEABLE LTP;E>;3;61;Pan;1;N;0;128;0;0;", "1;0;bad"}
-            << "Ratio % value out of bounds (1-100) at line 1";
-        QTest::newRow("16-bit pair") << ""
-                                     << QStringList{"1;2;FADEABLE LTP;E>;3;61;Pan;1;N;100;128;0;0;",
-                                                    "3;0;FADEABLE LTP;F>;4;1;Tilt;1;N;100;128;0;0;default"}
-                                     << "";
+        const auto add = [](const QByteArray& name, const QString& general, const QStringList& rows,
+                            const QString& message) {
+            QTest::newRow(name.constData()) << general << rows << message;
+        };
+        const auto dup = [](const char* at) {
+            return QStringLiteral("DMX channel duplicated at line ") + at;
+        };
+        add("clean", "", {kPan}, "");
+        add("manufacturer blank", "manifacturer=   ", {kPan}, "Manifacturer cannot be empty!");
+        add("model empty", "model=", {kPan}, "Model cannot be empty!");
+        const QString name = "Name on desk cannot contain spaces or be empty!";
+        add("name empty", "nameondesk=", {kPan}, name);
+        add("name with blank", "nameondesk=BEAM 575", {kPan}, name);
+        add("no type", "type=none", {kPan}, "Please choose type of fixture!");
+        for (const char* pan : {"720", "0", "1.5"})
+            add(QByteArray("pan ") + pan, QStringLiteral("pan=") + pan, {kPan},
+                "Pan degrees must be 1 to 719!");
+        add("tilt letters", "tilt=abc", {kPan}, "Tilt degrees must be 1 to 359!");
+        add("other kind skips degrees", "type=otherkind|pan=0|tilt=0", {kPan}, "");
+        add("untouched first row", "", {";0"},
+            "DMX cannot be zero! Maybe one unused row to delete?");
+        add("offset used twice", "", {kPan, With(1, "1", kTilt)}, dup("2"));
+        add("low byte on an earlier offset", "", {kPan, With(2, "1", kTilt)}, dup("2"));
+        add("both bytes the same", "", {With(2, "1")}, dup("1"));
+        add("channel type", "", {With(3, "fadeable ltp")}, "Invalid Channel Type at line 1");
+        add("second HTP", "", {With(3, kHtp), With(3, kHtp, kTilt)},
+            "There may be only 1 HTP channel! There is a second at line 2");
+        add("16-bit HTP", "", {With(2, "2", With(3, kHtp))},
+            "An HTP channel cannot be 16 bit i.e. a 16 bit channel cannot be HTP, line 1");
+        add("wheel", "", {With(6, "2")}, "Wheel must be 1 (A) or 61 (B) at line 1");
+        add("long wheel is fine", "", {With(6, "61> B (right)")}, "");
+        add("key 21", "", {With(5, "21")}, "Key ID out of bounds (1-20) at line 1");
+        add("key empty", "", {With(5, "")}, "Key ID out of bounds (1-20) at line 1");
+        add("key on same wheel", "", {kPan, With(6, "61", With(5, "3", kTilt))},
+            "Key assignament duplicated at line 2");
+        add("same key, other wheel", "", {kPan, With(5, "3", kTilt)}, "");
+        add("ratio 0", "", {With(10, "0")}, "Ratio % value out of bounds (1-100) at line 1");
+        add("locate 256", "", {With(11, "256")}, "Locate value out of bounds (0-255) at line 1");
+        add("highlight -1", "", {With(12, "-1")}, "Highligt value out of bounds (0-255) at line 1");
+        add("lowlight 300", "", {With(13, "300")}, "Lolight value out of bounds (0-255) at line 1");
+        add("gap in the offsets", "", {kPan, With(1, "3", kTilt)},
+            "Unused dmx channel (2) in range!");
+        add("offset only on a row without dmx2", "", {kPan, "2;"},
+            "Unused dmx channel (2) in range!");
+        add("two faults, the earlier wins", "model=", {"0;0;;;;;;;;;;;;"},
+            "Model cannot be empty!");
+        add("second row fault after first", "", {With(10, "0"), "1;0;bad"},
+            "Ratio % value out of bounds (1-100) at line 1");
+        add("16-bit pair", "", {With(2, "2"), With(1, "3", kTilt)}, "");
     }
     void eachFaultHasItsMessage() {
         QFETCH(QString, general);
         QFETCH(QStringList, rows);
         QFETCH(QString, message);
-        makeClean();
         setGeneral(general);
         setRows(rows);
         GiveAdvice(form());
@@ -153,13 +131,12 @@ class TestAdvice : public FormFixture {
     }
 
     void shownOnArrivalAndGoneWhenFixed() {
-        makeClean();
-        form().model.setText(QString());
+        setGeneral(QStringLiteral("model="));
+        setRows({kPan});
         goToPage(3);
         QCOMPARE(form().errormessage[3].Caption(), QStringLiteral("Model cannot be empty!"));
         QVERIFY(gui::testing::ShownOnScreen(form().errormessage[3]));
         // Next and Finished refuse nothing while advice shows.
-        QVERIFY(form().finished.Enabled());
         gui::seams::QueueSaveAnswer(std::nullopt);
         Click(form().finished);
         QCOMPARE(gui::seams::SaveDialogCalls().size(), size_t(1));
@@ -173,7 +150,7 @@ class TestAdvice : public FormFixture {
     }
 
     void channelCountFollowsTheTable() {
-        makeClean();
+        setRows({kPan});
         goToPage(3);
         QCOMPARE(form().dmxchannels.Caption(), QStringLiteral("1"));
         goToPage(2);

@@ -20,57 +20,43 @@ class TestPages : public FormFixture {
     }
 
   private slots:
+    // The type is chosen on the first page; with `typed`, the pan box is then typed over
+    // and the page left and reached again.
     void degreesFollowTheFixtureType_data() {
         QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("pan");
         QTest::addColumn<QString>("tilt");
         QTest::addColumn<bool>("enabled");
-        QTest::newRow("none keeps the form's texts") << ""
-                                                     << "540"
-                                                     << "270" << true;
-        QTest::newRow("moving head") << "movinghead"
-                                     << "540"
-                                     << "270" << true;
-        QTest::newRow("mirror") << "mirror"
-                                << "180"
-                                << "90" << true;
-        QTest::newRow("other kind") << "otherkind"
-                                    << "0"
-                                    << "0" << false;
+        const auto add = [](const char* name, const char* type, const char* typed, const char* pan,
+                            const char* tilt, bool enabled) {
+            QTest::newRow(name) << type << (typed ? typed : QString()) << pan << tilt << enabled;
+        };
+        add("none keeps the form's texts", "", nullptr, "540", "270", true);
+        add("moving head", "movinghead", nullptr, "540", "270", true);
+        add("mirror", "mirror", nullptr, "180", "90", true);
+        add("other kind", "otherkind", nullptr, "0", "0", false);
+        add("a type puts its default back", "movinghead", "360", "540", "270", true);
+        add("without a type the text stays", "", "abc", "abc", "270", true);
     }
     void degreesFollowTheFixtureType() {
         QFETCH(QString, type);
+        QFETCH(QString, typed);
         QFETCH(QString, pan);
         QFETCH(QString, tilt);
         QFETCH(bool, enabled);
         if (auto* o = option(type)) Click(*o);
         Click(form().nexts);
+        if (!typed.isNull()) {
+            form().degreespan.setText(QString());
+            TypeText(form().degreespan, typed);
+            Click(form().nexts);
+            Click(form().previous);
+        }
         QCOMPARE(form().degreespan.Text(), pan);
         QCOMPARE(form().degreestilt.Text(), tilt);
         QCOMPARE(form().degreespan.Enabled(), enabled);
         QCOMPARE(form().degreestilt.Enabled(), enabled);
-    }
-
-    void typedDegreesAfterAPageChange_data() {
-        QTest::addColumn<bool>("movingHead");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("a type puts its default back") << true << "360"
-                                                      << "540";
-        QTest::newRow("without a type the text stays") << false << "abc"
-                                                       << "abc";
-    }
-    void typedDegreesAfterAPageChange() {
-        QFETCH(bool, movingHead);
-        QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        if (movingHead) Click(form().movinghead);
-        Click(form().nexts);
-        form().degreespan.setText(QString());
-        TypeText(form().degreespan, typed);
-        Click(form().nexts);
-        Click(form().previous);
-        QCOMPARE(form().degreespan.Text(), shown);
     }
 
     void aChosenTypeActsOnlyAtThePageChange() {
@@ -87,33 +73,18 @@ class TestPages : public FormFixture {
         QCOMPARE(form().degreestilt.Text(), QStringLiteral("90"));
     }
 
-    void commentIsComposedOnArrival_data() {
-        QTest::addColumn<QString>("manufacturer");
-        QTest::addColumn<QString>("model");
-        QTest::addColumn<QString>("comment");
-        QTest::newRow("both") << "Lumenfab"
-                              << "Beam 575"
-                              << "03-07-2026 21:05:09 Lumenfab Beam 575- Created with Tolvane - "
-                                 "Rigwright";
-        QTest::newRow("neither") << ""
-                                 << ""
-                                 << "03-07-2026 21:05:09  - Created with Tolvane - Rigwright";
-    }
-    void commentIsComposedOnArrival() {
-        QFETCH(QString, manufacturer);
-        QFETCH(QString, model);
-        QFETCH(QString, comment);
+    void commentIsComposedOnEachArrival() {
         gui::seams::FixClock(QDateTime(QDate(2026, 3, 7), QTime(21, 5, 9)));
-        TypeText(form().manifacturer, manufacturer);
-        TypeText(form().model, model);
+        TypeText(form().manifacturer, QStringLiteral("Lumenfab"));
+        TypeText(form().model, QStringLiteral("Beam 575"));
         goToPage(3);
-        QCOMPARE(form().morecomment.Text(), comment);
-    }
-
-    void commentIsComposedAnewOnReturn() {
-        gui::seams::FixClock(QDateTime(QDate(2026, 3, 7), QTime(21, 5, 9)));
-        goToPage(3);
+        QCOMPARE(form().morecomment.Text(),
+                 QStringLiteral("03-07-2026 21:05:09 Lumenfab Beam 575- Created with Tolvane - "
+                                "Rigwright"));
+        // Coming back composes it anew: the user's own words and the old time are gone.
         TypeText(form().morecomment, QStringLiteral(" my own words"));
+        form().manifacturer.setText(QString());
+        form().model.setText(QString());
         Click(form().goonrange);
         gui::seams::FixClock(QDateTime(QDate(2026, 12, 31), QTime(0, 0, 1)));
         Click(form().nexts);
@@ -124,30 +95,23 @@ class TestPages : public FormFixture {
 
     void patchTextSurvivesPageChanges() {
         goToPage(3);
-        const QString start = form().patchdisplay.Text();
-        QCOMPARE(start, QStringLiteral("\r\n\r\nINPUT fixture DMX No.\r\nPress a Fixture\r\n"
-                                       "Select or Swop button to \r\nmake the patch.\r\n"));
+        QCOMPARE(form().patchdisplay.Text(),
+                 QStringLiteral("\r\n\r\nINPUT fixture DMX No.\r\nPress a Fixture\r\n"
+                                "Select or Swop button to \r\nmake the patch.\r\n"));
         form().patchdisplay.setText(QStringLiteral("one\r\ntwo"));
         Click(form().previous);
         Click(form().nexts);
         QCOMPARE(form().patchdisplay.Text(), QStringLiteral("one\r\ntwo"));
     }
 
-    void lengthLimits_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("limit");
-        QTest::newRow("manifacturer") << "manifacturer" << 30;
-        QTest::newRow("model") << "model" << 30;
-        QTest::newRow("nameondesk") << "nameondesk" << 11;
-    }
     void lengthLimits() {
-        QFETCH(QString, name);
-        QFETCH(int, limit);
-        gui::TextBox& box = name == u"manifacturer" ? form().manifacturer
-                            : name == u"model"      ? form().model
-                                                    : form().nameondesk;
-        TypeText(box, QString(limit + 5, u'x'));
-        QCOMPARE(box.Text().size(), limit);
+        MainForm& f = form();
+        const std::pair<gui::TextBox*, int> boxes[] = {
+            {&f.manifacturer, 30}, {&f.model, 30}, {&f.nameondesk, 11}};
+        for (const auto& [box, limit] : boxes) {
+            TypeText(*box, QString(limit + 5, u'x'));
+            QCOMPARE(box->Text().size(), limit);
+        }
     }
 };
 
