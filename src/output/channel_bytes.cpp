@@ -169,15 +169,18 @@ void AppendThroughText(const ChannelCells& cells, bool lowLine, QByteArray& out)
 
 }  // namespace
 
+char* output::RoomAt(QByteArray& out, qsizetype at, qsizetype size) {
+    if (out.size() - at < size) out.resize(std::max(2 * out.size(), at + size));
+    return out.data() + at;
+}
+
 qsizetype output::WriteChannelRow(const ChannelCells& cells, QByteArray& out, qsizetype at,
                                   RowLayout* layout) {
     const std::optional<bool> aboveZero = Dmx2AboveZero(cells[kDmx2]);
     if (!aboveZero) return -1;
     const bool lowLine = *aboveZero;
 
-    const qsizetype room = RoomFor(cells);
-    if (out.size() - at < room) out.resize(std::max(2 * out.size(), at + room));
-    char* const base = out.data() + at;
+    char* const base = RoomAt(out, at, RoomFor(cells));
 
     // Fields 1 to 12 with one blank between them, as ChannelLineOf puts them.
     Bytes b(base);
@@ -222,8 +225,8 @@ qsizetype output::WriteChannelRow(const ChannelCells& cells, QByteArray& out, qs
         // The general way, written over the attempt.
         QByteArray lines;
         AppendThroughText(cells, lowLine, lines);
-        if (out.size() - at < lines.size()) out.resize(at + lines.size());
-        std::memcpy(out.data() + at, lines.constData(), static_cast<std::size_t>(lines.size()));
+        std::memcpy(RoomAt(out, at, lines.size()), lines.constData(),
+                    static_cast<std::size_t>(lines.size()));
         if (layout) layout->plain = false;
         return at + lines.size();
     }

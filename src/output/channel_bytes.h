@@ -21,6 +21,10 @@ struct RowLayout {
     qsizetype tailEnd = 0;
 };
 
+// Where `size` bytes may be written into `out` from index `at` on: `out` is made larger
+// where it lacks that room, never smaller.
+char* RoomAt(QByteArray& out, qsizetype at, qsizetype size);
+
 // Both lines of a row into `out` from index `at` on, `out` made larger where it lacks room
 // (never smaller); gives the index behind them, or -1 with nothing written when dmx2 holds
 // no number.

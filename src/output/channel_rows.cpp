@@ -100,24 +100,20 @@ qsizetype ChannelRowsEncoder::Write(int row, QByteArray& out, qsizetype at) {
         const QStringView dmx2 = texts.View(ids[kDmx2]);
         const qsizetype room = 2 * (qsizetype{known.headSize} + known.tailSize + 8) + dmx1.size() +
                                dmx2.size() + qsizetype{kBlock};
-        if (out.size() - at < room) out.resize(std::max(2 * out.size(), at + room));
-        char* const base = out.data() + at;
-        char* q = base;
+        char* const base = RoomAt(out, at, room);
         char16_t seen = 0;
-        q = CopyBlocks(q, known.head, known.headSize);
-        if (const QLatin1String letter = TypeLetter(known.kind, lowLine); !letter.isEmpty())
-            *q++ = letter.data()[0];
-        *q++ = ' ';
-        q = WriteToken(q, dmx1, seen);
-        q = CopyBlocks(q, known.tail, known.tailSize);
-        if (lowLine) {
-            std::memcpy(q, "0 0 ", 4);
-            q += 4;
-            if (const QLatin1String letter = TypeLetter(known.kind, false); !letter.isEmpty())
+        // The type letter, the offset and the tail that both lines share.
+        auto rest = [&](char* q, bool highByte, QStringView offset) {
+            if (const QLatin1String letter = TypeLetter(known.kind, highByte); !letter.isEmpty())
                 *q++ = letter.data()[0];
             *q++ = ' ';
-            q = WriteToken(q, dmx2, seen);
-            q = CopyBlocks(q, known.tail, known.tailSize);
+            q = WriteToken(q, offset, seen);
+            return CopyBlocks(q, known.tail, known.tailSize);
+        };
+        char* q = rest(CopyBlocks(base, known.head, known.headSize), lowLine, dmx1);
+        if (lowLine) {
+            std::memcpy(q, "0 0 ", 4);
+            q = rest(q + 4, false, dmx2);
         }
         if (seen < 0x80) return at + (q - base);
         // An offset beyond ASCII: the row goes the general way below.

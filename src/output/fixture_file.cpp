@@ -7,6 +7,7 @@
 
 #include "common/number.h"
 #include "gui/system.h"
+#include "output/channel_bytes.h"
 #include "output/channel_rows.h"
 #include "output/code_page.h"
 #include "output/comment_lines.h"
@@ -30,9 +31,7 @@ class LineWriter {
         if (!outcome_.ok) return;
         const QByteArray bytes = ToFileBytes(text);
         const qsizetype size = bytes.size() + 2;
-        if (pending_.size() - used_ < size)
-            pending_.resize(std::max(2 * pending_.size(), used_ + size));
-        char* at = pending_.data() + used_;
+        char* const at = output::RoomAt(pending_, used_, size);
         std::memcpy(at, bytes.constData(), static_cast<std::size_t>(bytes.size()));
         std::memcpy(at + bytes.size(), "\r\n", 2);
         used_ += size;
