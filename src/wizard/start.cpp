@@ -2,10 +2,12 @@
 
 #include "wizard/engine.h"
 #include "wizard/main_form.h"
+#include "wizard/open_fixture.h"
 #include "wizard/wiring.h"
 
-void StartWizard(MainForm& f) {
+void StartWizard(MainForm& f, const QString& fixturePath) {
     WireEvents(f);
     Form_Load(f);
+    if (!fixturePath.isEmpty()) OpenFixtureFile(f, fixturePath);
     f.main.Show();
 }

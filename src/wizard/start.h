@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QString>
+
 struct MainForm;
 
-// Wires the events, loads the form (Form_Load) and shows the window.
-void StartWizard(MainForm& f);
+// Wires the events, loads the form (Form_Load), fills the pages from the fixture file at
+// `fixturePath` when one is given, and shows the window.
+void StartWizard(MainForm& f, const QString& fixturePath = {});
