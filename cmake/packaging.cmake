@@ -58,6 +58,9 @@ endforeach()
 install(FILES ${rigwright_resources}/rigwright.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${rigwright_man} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# The file type of fixture files, so that a file manager opens them with the wizard.
+install(FILES ${rigwright_resources}/rigwright-mime.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME rigwright.xml)
 
 # The desktop entry is checked against the freedesktop rules where the checker is installed
 # (package desktop-file-utils); without it the test is not registered.
