@@ -140,8 +140,7 @@ class Reader {
     // The patch text ends at the END that ATTR, obsolete and END follow at the end of the
     // file, so that a line END typed into the text stays part of it.
     bool readPatchText(FixtureFile& file) {
-        for (; !atEnd() && line() != u"TEXT"; ++at_) {
-        }
+        while (!atEnd() && line() != u"TEXT") ++at_;
         if (atEnd()) return fail(at_, QStringLiteral("TEXT expected"));
         const int first = at_ + 1;
         int end = -1;

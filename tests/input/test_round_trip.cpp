@@ -42,6 +42,11 @@ QByteArray Body(const QByteArray& file) {
     return file.mid(file.indexOf('\n', saved + 2) + 1);
 }
 
+bool WriteFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
 void NextToFinishPage(MainForm& f) {
     while (f.CurrentStep < 3) gui::testing::Click(f.nexts);
 }
@@ -69,46 +74,47 @@ QString RandomText(QRandomGenerator& random, int most) {
     return text.left(most);
 }
 
+// The choices of each column, "|" between them, as the editor and the presets store them;
+// "~" is free text.
+const QStringList kChoices = {
+    "#",
+    "|1|2|17|300|511|x|5a",
+    "0",
+    "HTP (usually dimmer)|FADEABLE LTP|INDEXED LTP (not fadeable, such as gobo)||fadeable",
+    "E> Pan|E>||0> ---OTHER|T> R red|>x| x",
+    "|1|20|3|0",
+    "1> A (left)|61> B (right)|1|61||0",
+    "~",
+    "1 - Linear|2 - Square|1||12|x",
+    "N - normal|C - inverted|N|C|",
+    "100||75|x",
+    "128|-1||abc|2.5|007",
+    "0|255|",
+    "0|51|x",
+    "~"};
+
 QStringList RandomRow(QRandomGenerator& random) {
-    const int width = random.bounded(10);  // 0 no number, 1..2 16-bit, else 8-bit
-    QString dmx1 = Pick(random, {"", "1", "2", "17", "300", "511", "x", "5a"});
-    const QString dmx2 = width == 0 ? "" : width <= 2 ? Pick(random, {"2", "18", "512"}) : "0";
-    if (width == 0) dmx1.clear();  // a row that no line holds must not count for the channels
-    return {"#",
-            dmx1,
-            dmx2,
-            Pick(random, {"HTP (usually dimmer)", "FADEABLE LTP",
-                          "INDEXED LTP (not fadeable, such as gobo)", "", "fadeable"}),
-            Pick(random, {"E> Pan", "E>", "", "0> ---OTHER", "T> R red", ">x", " x"}),
-            Pick(random, {"", "1", "20", "3", "0"}),
-            Pick(random, {"1> A (left)", "61> B (right)", "1", "61", "", "0"}),
-            RandomText(random, 40),
-            Pick(random, {"1 - Linear", "2 - Square", "1", "", "12", "x"}),
-            Pick(random, {"N - normal", "C - inverted", "N", "C", ""}),
-            Pick(random, {"100", "", "75", "x"}),
-            Pick(random, {"128", "-1", "", "abc", "2.5", "007"}),
-            Pick(random, {"0", "255", ""}),
-            Pick(random, {"0", "51", "x"}),
-            RandomText(random, 60)};
+    QStringList cells;
+    for (const QString& choices : kChoices)
+        cells.append(choices == u"~" ? RandomText(random, 40) : Pick(random, choices.split(u'|')));
+    // Some rows are 16-bit; some have no number in dmx2 and so no line, nor any offset that
+    // would count for the channels.
+    const int width = random.bounded(10);
+    if (width <= 2) cells[2] = Pick(random, {"2", "18", "512"});
+    if (width == 0) cells[1] = cells[2] = QString();
+    return cells;
 }
 
 void FillRandomly(MainForm& f, QRandomGenerator& random) {
     f.manifacturer.setText(RandomText(random, 30));
     f.model.setText(RandomText(random, 30));
     f.nameondesk.setText(RandomText(random, 11));
-    switch (random.bounded(4)) {
-        case 0:
-            f.mirror.setValue(true);
-            break;
-        case 1:
-            f.movinghead.setValue(true);
-            break;
-        case 2:
-            f.otherkind.setValue(true);
-            break;
-        default:
-            f.degreespan.setText(Pick(random, {"0", "540", " 5 x", "", "a b"}));
-            f.degreestilt.setText(Pick(random, {"0", "270", "", " y "}));
+    gui::OptionButton* const types[] = {&f.mirror, &f.movinghead, &f.otherkind, nullptr};
+    if (gui::OptionButton* type = types[random.bounded(4)]) {
+        type->setValue(true);
+    } else {
+        f.degreespan.setText(Pick(random, {"0", "540", " 5 x", "", "a b"}));
+        f.degreestilt.setText(Pick(random, {"0", "270", "", " y "}));
     }
     for (int i = random.bounded(8); i > 0; --i) {
         const QStringList cells = RandomRow(random);
@@ -161,11 +167,7 @@ void TestInput::openAtStart() {
     QFETCH(QString, table);
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("fixture.R20"));
-    if (!bytes.isEmpty()) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    if (!bytes.isEmpty()) QVERIFY(WriteFile(path, bytes));
     if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
     const auto f = Started(path);
 
@@ -203,11 +205,7 @@ void TestInput::roundTrip() {
         NextToFinishPage(*first);
         const QByteArray written = Written(*first);
         QVERIFY(Body(written).startsWith("; \r\n; \r\nDEVICE "));
-        {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(written);
-        }
+        QVERIFY(WriteFile(path, written));
         const auto second = Started(path);
         QVERIFY2(gui::seams::MsgBoxCalls().empty(),
                  qPrintable(gui::seams::MsgBoxCalls().front().text));
