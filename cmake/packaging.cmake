@@ -5,31 +5,6 @@ include(GNUInstallDirs)
 
 set(rigwright_resources ${PROJECT_SOURCE_DIR}/resources)
 
-# --- Application icon ------------------------------------------------------------------
-# The PNGs are rendered at build time from our own XPM drawings by a small QtGui tool, so
-# the drawing stays the one source of the icon.
-set(rigwright_icon_sizes 16 22 24 32 48 64 128 256)
-set(rigwright_icon_large ${rigwright_resources}/pictures/rigwright_256.xpm)
-set(rigwright_icon_small ${rigwright_resources}/pictures/rigwright.xpm)
-set(rigwright_icon_dir ${CMAKE_BINARY_DIR}/icons)
-
-add_executable(rigwright-icon-png ${rigwright_resources}/icon_png.cpp)
-target_link_libraries(rigwright-icon-png PRIVATE Qt6::Gui)
-rigwright_warnings(rigwright-icon-png)
-
-set(rigwright_icon_files)
-foreach(size IN LISTS rigwright_icon_sizes)
-  list(APPEND rigwright_icon_files ${rigwright_icon_dir}/rigwright_${size}.png)
-endforeach()
-
-add_custom_command(
-  OUTPUT ${rigwright_icon_files}
-  COMMAND rigwright-icon-png ${rigwright_icon_large} ${rigwright_icon_small}
-          ${rigwright_icon_dir} ${rigwright_icon_sizes}
-  DEPENDS rigwright-icon-png ${rigwright_icon_large} ${rigwright_icon_small}
-  COMMENT "Rendering the application icon as PNG"
-  VERBATIM)
-
 # --- Manual page -----------------------------------------------------------------------
 # Debian keeps manual pages compressed; -n leaves the time stamp out so builds repeat.
 set(rigwright_man_dir ${CMAKE_BINARY_DIR}/man)
@@ -43,7 +18,7 @@ add_custom_command(
   COMMENT "Compressing the manual page"
   VERBATIM)
 
-add_custom_target(rigwright-desktop-files ALL DEPENDS ${rigwright_icon_files} ${rigwright_man})
+add_custom_target(rigwright-desktop-files ALL DEPENDS ${rigwright_man})
 
 # --- Install rules ---------------------------------------------------------------------
 # Our libraries are static, so the installed program needs no search path of its own; the
