@@ -3,7 +3,7 @@ BUILD      ?= build
 ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 
-.PHONY: all deps configure build run test test-asan bench package clean
+.PHONY: all deps configure build run test test-asan bench package package-check clean
 
 all: build
 
@@ -35,6 +35,9 @@ bench: build
 
 package: build
 	cmake --build $(BUILD) --target package
+
+package-check:
+	./scripts/check-package $(BUILD)
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD)

@@ -5,31 +5,6 @@ include(GNUInstallDirs)
 
 set(rigwright_resources ${PROJECT_SOURCE_DIR}/resources)
 
-# --- Application icon ------------------------------------------------------------------
-# The PNGs are rendered at build time from our own XPM drawings by a small QtGui tool, so
-# the drawing stays the one source of the icon.
-set(rigwright_icon_sizes 16 22 24 32 48 64 128 256)
-set(rigwright_icon_large ${rigwright_resources}/pictures/rigwright_256.xpm)
-set(rigwright_icon_small ${rigwright_resources}/pictures/rigwright.xpm)
-set(rigwright_icon_dir ${CMAKE_BINARY_DIR}/icons)
-
-add_executable(rigwright-icon-png ${rigwright_resources}/icon_png.cpp)
-target_link_libraries(rigwright-icon-png PRIVATE Qt6::Gui)
-rigwright_warnings(rigwright-icon-png)
-
-set(rigwright_icon_files)
-foreach(size IN LISTS rigwright_icon_sizes)
-  list(APPEND rigwright_icon_files ${rigwright_icon_dir}/rigwright_${size}.png)
-endforeach()
-
-add_custom_command(
-  OUTPUT ${rigwright_icon_files}
-  COMMAND rigwright-icon-png ${rigwright_icon_large} ${rigwright_icon_small}
-          ${rigwright_icon_dir} ${rigwright_icon_sizes}
-  DEPENDS rigwright-icon-png ${rigwright_icon_large} ${rigwright_icon_small}
-  COMMENT "Rendering the application icon as PNG"
-  VERBATIM)
-
 # --- Manual page -----------------------------------------------------------------------
 # Debian keeps manual pages compressed; -n leaves the time stamp out so builds repeat.
 set(rigwright_man_dir ${CMAKE_BINARY_DIR}/man)
@@ -43,7 +18,20 @@ add_custom_command(
   COMMENT "Compressing the manual page"
   VERBATIM)
 
-add_custom_target(rigwright-desktop-files ALL DEPENDS ${rigwright_icon_files} ${rigwright_man})
+# --- Changelog -------------------------------------------------------------------------
+# Debian keeps a package's changelog compressed in its doc folder, like the manual page.
+set(rigwright_doc_dir ${CMAKE_BINARY_DIR}/doc)
+set(rigwright_changelog ${rigwright_doc_dir}/changelog.gz)
+add_custom_command(
+  OUTPUT ${rigwright_changelog}
+  COMMAND ${CMAKE_COMMAND} -E copy ${rigwright_resources}/debian/changelog
+          ${rigwright_doc_dir}/changelog
+  COMMAND gzip -9nf ${rigwright_doc_dir}/changelog
+  DEPENDS ${rigwright_resources}/debian/changelog
+  COMMENT "Compressing the changelog"
+  VERBATIM)
+
+add_custom_target(rigwright-desktop-files ALL DEPENDS ${rigwright_man} ${rigwright_changelog})
 
 # --- Install rules ---------------------------------------------------------------------
 # Our libraries are static, so the installed program needs no search path of its own; the
@@ -61,6 +49,13 @@ install(FILES ${rigwright_man} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 # The file type of fixture files, so that a file manager opens them with the wizard.
 install(FILES ${rigwright_resources}/rigwright-mime.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME rigwright.xml)
+# Software centres list the program from its AppStream metadata.
+set(rigwright_metainfo ${rigwright_resources}/org.tolvane.rigwright.metainfo.xml)
+install(FILES ${rigwright_metainfo} DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+# The licence and the history, where a Debian system looks for them (lower-case package name,
+# not the project's).
+install(FILES ${rigwright_resources}/debian/copyright ${rigwright_changelog}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/rigwright)
 
 # The desktop entry is checked against the freedesktop rules where the checker is installed
 # (package desktop-file-utils); without it the test is not registered.
@@ -70,6 +65,15 @@ if(BUILD_TESTING AND RIGWRIGHT_DESKTOP_FILE_VALIDATE)
            COMMAND ${RIGWRIGHT_DESKTOP_FILE_VALIDATE} ${rigwright_resources}/rigwright.desktop)
   # A hint still exits with 0, so any output at all counts as a failure.
   set_tests_properties(desktop_entry PROPERTIES FAIL_REGULAR_EXPRESSION ".")
+endif()
+# Likewise the AppStream metadata (package appstream); --no-net leaves the screenshot
+# addresses unchecked, so the test needs no network.
+find_program(RIGWRIGHT_APPSTREAMCLI appstreamcli)
+if(BUILD_TESTING AND RIGWRIGHT_APPSTREAMCLI)
+  add_test(NAME metainfo COMMAND ${RIGWRIGHT_APPSTREAMCLI} validate --no-net --pedantic
+                                 ${rigwright_metainfo})
+  # Infos and pedantic notes exit with 0 too: any one of them counts as a failure.
+  set_tests_properties(metainfo PROPERTIES FAIL_REGULAR_EXPRESSION "(^|\n)[EWIP]: ")
 endif()
 
 # --- Debian package --------------------------------------------------------------------
@@ -92,10 +96,12 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Rigwright developers <rigwright@localhost>"
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)  # what Debian's own packages use
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Rigwright developers <rigwright@tolvane.org>"
     CACHE STRING "Maintainer line of the Debian package")
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://rigwright.tolvane.org/")
 
 # The Qt libraries are found by dpkg-shlibdeps (from dpkg-dev, which build-essential brings);
 # what the binary loads at run time without linking it is named here: the platform plugins

@@ -159,7 +159,7 @@ void Form::create(const QString& name, const Look& look, const QString& iconReso
     adopt(window, none, name, look);
     window->setFixedSize(TwipsToPixels(look.width), TwipsToPixels(look.height));
     window->setWindowTitle(look.caption);
-    if (!iconResource.isEmpty()) window->setWindowIcon(detail::PictureOf(iconResource));
+    if (!iconResource.isEmpty()) window->setWindowIcon(detail::IconSetOf(iconResource));
 }
 
 QString Form::Caption() const {
@@ -421,10 +421,9 @@ int ListBox::ListCount() const {
 }
 
 void Image::create(Control& parent, const QString& name, const Look& look) {
-    auto* label = new QLabel;
+    auto* label = new detail::PictureLabel;
     adopt(label, parent, name, look);
-    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    if (!look.picture.isEmpty()) label->setPixmap(QPixmap(look.picture));
+    label->setPicture(look.picture);
 }
 
 void Line::create(Control& parent, const QString& name, int x1, int y1, int x2, int y2) {

@@ -3,8 +3,10 @@
 #include <QAbstractButton>
 #include <QEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include "gui/grid_model.h"
 #include "gui/grid_view.h"
@@ -59,6 +61,32 @@ class CornerPainter : public QObject {
 
 constexpr int kCellPadding = 8;
 
+// Shows the whole text of a cell that its column cuts, in a tool tip over the cell; a cell
+// whose text fits shows none. Column widths change when the user drags a border, so the
+// check is made on the width the column has at that moment.
+class CellTip : public QObject {
+  public:
+    CellTip(QAbstractItemView* view) : QObject(view), view_(view) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::ToolTip) return false;
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex index = view_->indexAt(help->pos());
+        const QString text = index.data().toString();
+        const QRect cell = view_->visualRect(index);
+        const int margin =
+            view_->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view_) + 1;
+        if (index.isValid() &&
+            view_->fontMetrics().horizontalAdvance(text) + 2 * margin > cell.width())
+            QToolTip::showText(help->globalPos(), text, view_->viewport(), cell);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+
+  private:
+    QAbstractItemView* view_;
+};
+
 }  // namespace
 
 Grid::Grid() = default;
@@ -101,6 +129,7 @@ void Grid::create(Control& parent, const QString& name, const Look& look, const 
     top->setSectionsClickable(false);
     top->setHighlightSections(false);
     top->setMinimumSectionSize(4);
+    top->setSectionResizeMode(QHeaderView::Interactive);  // a border drags wider, to read a cell
     top->setFixedHeight(rowHeight + 2);
     side->setSectionsClickable(false);
     side->setHighlightSections(false);
@@ -114,6 +143,7 @@ void Grid::create(Control& parent, const QString& name, const Look& look, const 
     for (int c = 1; c < static_cast<int>(heads.size()); ++c)
         view_->setColumnWidth(c - 1, metrics.horizontalAdvance(heads[c].text) + kCellPadding);
 
+    view_->viewport()->installEventFilter(new CellTip(view_));
     if (auto* corner = view_->findChild<QAbstractButton*>())
         corner->installEventFilter(new CornerPainter(corner, model_.get()));
 

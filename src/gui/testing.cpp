@@ -4,18 +4,22 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
 #include <QTest>
 #include <QTextEdit>
+#include <QToolTip>
 
 #include "gui/grid_model.h"
 #include "gui/grid_view.h"
 #include "gui/look.h"
+#include "gui/widgets.h"
 
 namespace gui::testing {
 namespace {
@@ -25,6 +29,15 @@ QPoint CellCentre(Grid& grid, int row, int col) {
     const QModelIndex index = grid.model()->index(row - 1, col - 1);
     view->scrollTo(index);
     return view->visualRect(index).center();
+}
+
+// Press, move with the button held, release: QTest has no move with a button down.
+void DragWithin(QWidget* widget, QPoint from, QPoint to) {
+    QTest::mousePress(widget, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, QPointF(to), widget->mapToGlobal(QPointF(to)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &move);
+    QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
 }
 
 QWidget* KeyTarget(QWidget* widget) {
@@ -50,12 +63,7 @@ void DoubleClickCell(Grid& grid, int row, int col) {
 void DragRows(Grid& grid, int fromRow, int toRow, int col) {
     QWidget* viewport = grid.view()->viewport();
     const QPoint from = CellCentre(grid, fromRow, col);
-    const QPoint to = CellCentre(grid, toRow, col);
-    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
-    QMouseEvent move(QEvent::MouseMove, QPointF(to), viewport->mapToGlobal(QPointF(to)),
-                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(viewport, &move);
-    QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
+    DragWithin(viewport, from, CellCentre(grid, toRow, col));
 }
 
 void ClickEmptyArea(Grid& grid) {
@@ -65,6 +73,25 @@ void ClickEmptyArea(Grid& grid) {
 
 QAbstractItemModel* ModelOf(Grid& grid) {
     return grid.model();
+}
+
+QString ToolTipOfCell(Grid& grid, int row, int col) {
+    QToolTip::hideText();  // a tip goes after a short delay: wait until the last one has gone
+    if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); }))
+        return QStringLiteral("(the last tip stays)");
+    QWidget* viewport = grid.view()->viewport();
+    const QPoint at = CellCentre(grid, row, col);
+    QHelpEvent rest(QEvent::ToolTip, at, viewport->mapToGlobal(at));
+    QCoreApplication::sendEvent(viewport, &rest);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+}
+
+void DragColumnBorder(Grid& grid, int col, int pixels) {
+    QHeaderView* head = grid.view()->horizontalHeader();
+    const int section = col - 1;
+    const int border = head->sectionViewportPosition(section) + head->sectionSize(section) - 1;
+    const QPoint from(border, head->height() / 2);
+    DragWithin(head->viewport(), from, from + QPoint(pixels, 0));
 }
 
 void Click(Control& control) {
@@ -156,6 +183,17 @@ bool HiddenOf(QObject* control) {
 QString ToolTipOf(QObject* control) {
     auto* w = qobject_cast<QWidget*>(control);
     return w ? w->toolTip() : QString();
+}
+
+QImage PictureOf(QObject* control, qreal pixelRatio) {
+    QString resource;
+    if (auto* button = dynamic_cast<detail::PictureButton*>(control)) resource = button->picture();
+    if (auto* image = dynamic_cast<detail::PictureLabel*>(control)) resource = image->picture();
+    return resource.isEmpty() ? QImage() : detail::PictureAt(resource, pixelRatio).toImage();
+}
+
+QList<QSize> IconSizesOf(Form& form) {
+    return form.widget()->windowIcon().availableSizes();
 }
 
 QString AccessibleNameOf(QObject* control) {

@@ -3,7 +3,9 @@
 // back what a user would see. Tests use these instead of Qt's widget classes.
 
 #include <QImage>
+#include <QList>
 #include <QRect>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 #include <Qt>
@@ -23,6 +25,10 @@ void DoubleClickCell(Grid& grid, int row, int col);
 void DragRows(Grid& grid, int fromRow, int toRow, int col);  // press, move, release
 void ClickEmptyArea(Grid& grid);                             // below the last row
 QAbstractItemModel* ModelOf(Grid& grid);
+// The mouse rests on a cell until its tool tip comes: the tip's text, empty if none shows.
+QString ToolTipOfCell(Grid& grid, int row, int col);
+// Drags the right border of column `col` in the head row by `pixels` (negative: narrower).
+void DragColumnBorder(Grid& grid, int col, int pixels);
 
 void Click(Control& control);  // a left click in the middle of the control
 void TypeText(Control& control, const QString& text);
@@ -43,6 +49,10 @@ QString KindOf(QObject* control);     // "label", "button", "frame", "text box",
 bool EnabledOf(QObject* control);
 bool HiddenOf(QObject* control);  // its own visible state is off
 QString ToolTipOf(QObject* control);
+// The picture of a button or image as drawn for a screen of `pixelRatio` device pixels per
+// pixel; a null image for a control without one.
+QImage PictureOf(QObject* control, qreal pixelRatio);
+QList<QSize> IconSizesOf(Form& form);  // the sizes the window offers its icon in
 QString AccessibleNameOf(QObject* control);
 int FontPointsX100(QObject* control);  // font size in hundredths of a point
 bool BoldOf(QObject* control);

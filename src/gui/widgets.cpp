@@ -1,10 +1,12 @@
 #include "gui/widgets.h"
 
+#include <QDir>
 #include <QFontDatabase>
 #include <QHash>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <QSvgRenderer>
 
 namespace gui::detail {
 
@@ -42,13 +44,35 @@ QFont FontFor(const Look& look) {
     return font;
 }
 
-QIcon PictureOf(const QString& resource) {
-    static QHash<QString, QIcon> read;
-    const auto found = read.constFind(resource);
-    if (found != read.constEnd()) return *found;
-    const QIcon picture(resource);
-    read.insert(resource, picture);
-    return picture;
+QIcon IconSetOf(const QString& folder) {
+    QIcon icon;
+    const QDir dir(folder);
+    for (const QString& file : dir.entryList({QStringLiteral("*.png")}, QDir::Files))
+        icon.addFile(dir.filePath(file));
+    return icon;
+}
+
+QPixmap PictureAt(const QString& resource, qreal pixelRatio) {
+    static QHash<QString, QPixmap> drawn;
+    const QString key = resource + u'@' + QString::number(pixelRatio);
+    const auto found = drawn.constFind(key);
+    if (found != drawn.constEnd()) return *found;
+    QPixmap pixmap;
+    if (resource.endsWith(QLatin1String(".svg"))) {
+        QSvgRenderer drawing(resource);
+        const QSize size = drawing.defaultSize() * pixelRatio;
+        QImage image(size, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        drawing.render(&painter);
+        painter.end();
+        pixmap = QPixmap::fromImage(image);
+        pixmap.setDevicePixelRatio(pixelRatio);
+    } else {
+        pixmap = QPixmap(resource);
+    }
+    drawn.insert(key, pixmap);
+    return pixmap;
 }
 
 QColor ColourOf(int rgb) {
@@ -105,10 +129,6 @@ bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-namespace {
-constexpr int kPictureSize = 16;
-}
-
 PictureButton::PictureButton(QWidget* parent) : QPushButton(parent) {}
 
 QSize PictureButton::sizeHint() const {
@@ -117,7 +137,6 @@ QSize PictureButton::sizeHint() const {
 
 void PictureButton::setPicture(const QString& resource) {
     resource_ = resource;
-    picture_ = QIcon();
     update();
 }
 
@@ -125,25 +144,34 @@ void PictureButton::paintEvent(QPaintEvent*) {
     QPainter p(this);
     QStyleOptionButton opt;
     initStyleOption(&opt);
-    if (picture_.isNull() && !resource_.isEmpty()) picture_ = PictureOf(resource_);
     const QString caption = opt.text;
-    const QIcon& picture = picture_;
     opt.text.clear();
     style()->drawControl(QStyle::CE_PushButton, &opt, &p, this);
 
     const int shift = isDown() ? 1 : 0;
     QRect area = rect().adjusted(2 + shift, 3 + shift, -2 + shift, -2 + shift);
-    const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
-    if (!picture.isNull()) {
-        const QSize size(kPictureSize, kPictureSize);
-        const QPixmap pixmap = picture.pixmap(size, devicePixelRatio(), mode);
+    if (!resource_.isEmpty()) {
+        QPixmap pixmap = PictureAt(resource_, devicePixelRatioF());
+        if (!isEnabled()) pixmap = style()->generatedIconPixmap(QIcon::Disabled, pixmap, &opt);
+        const QSize size = pixmap.deviceIndependentSize().toSize();
         const int x = area.left() + (area.width() - size.width()) / 2;
         p.drawPixmap(x, area.top(), pixmap);
         area.setTop(area.top() + size.height() + 1);
     }
-    const int flags =
-        Qt::TextWordWrap | Qt::AlignHCenter | (picture.isNull() ? Qt::AlignVCenter : Qt::AlignTop);
+    const int flags = Qt::TextWordWrap | Qt::AlignHCenter |
+                      (resource_.isEmpty() ? Qt::AlignVCenter : Qt::AlignTop);
     style()->drawItemText(&p, area, flags, palette(), isEnabled(), caption, QPalette::ButtonText);
+}
+
+void PictureLabel::setPicture(const QString& resource) {
+    resource_ = resource;
+    update();
+}
+
+void PictureLabel::paintEvent(QPaintEvent*) {
+    if (resource_.isEmpty()) return;
+    QPainter p(this);
+    p.drawPixmap(0, 0, PictureAt(resource_, devicePixelRatioF()));
 }
 
 }  // namespace gui::detail

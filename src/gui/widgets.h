@@ -4,7 +4,9 @@
 
 #include <QFont>
 #include <QIcon>
+#include <QLabel>
 #include <QObject>
+#include <QPixmap>
 #include <QPushButton>
 #include <QWidget>
 
@@ -15,8 +17,13 @@ namespace gui::detail {
 
 QFont FontFor(const Look& look);
 
-// The picture in `resource`, read once however many controls show it.
-QIcon PictureOf(const QString& resource);
+// The window icon: every PNG in the resource folder `folder`, one size each, so that the
+// desktop picks the size it shows instead of scaling one.
+QIcon IconSetOf(const QString& folder);
+// The picture in `resource` at its own size in device-independent pixels, drawn for a screen
+// of `pixelRatio` device pixels per pixel. A drawing (.svg) is drawn at that ratio and stays
+// sharp; a bitmap keeps its pixels. Each picture is drawn once per size and ratio.
+QPixmap PictureAt(const QString& resource, qreal pixelRatio);
 QColor ColourOf(int rgb);  // 0xRRGGBB
 void ApplyColours(QWidget* widget, const Look& look, QPalette::ColorRole foreRole,
                   QPalette::ColorRole backRole);
@@ -33,7 +40,6 @@ class KeyFilter : public QObject {
     KeyHandler handler_;
 };
 
-// A push button that shows its picture above its caption and wraps the caption.
 // A button with its picture above the caption. The picture is read when the button is first
 // drawn, so that the buttons of pages not on show cost nothing at start.
 class PictureButton : public QPushButton {
@@ -41,13 +47,27 @@ class PictureButton : public QPushButton {
     explicit PictureButton(QWidget* parent);
     QSize sizeHint() const override;
     void setPicture(const QString& resource);
+    const QString& picture() const { return resource_; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
     QString resource_;
-    QIcon picture_;
+};
+
+// An image control: its picture at the top left, drawn for the screen the control is on.
+class PictureLabel : public QLabel {
+  public:
+    PictureLabel() = default;
+    void setPicture(const QString& resource);
+    const QString& picture() const { return resource_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QString resource_;
 };
 
 }  // namespace gui::detail

@@ -39,19 +39,19 @@ struct PresetButton {
 };
 
 constexpr PresetButton kPresetButtons[] = {
-    {0, "pan", "preset_pantilt.xpm", 120, 240},      {1, "pan16", "preset_pantilt.xpm", 720, 240},
-    {2, "tilt", "preset_pantilt.xpm", 1320, 240},    {3, "tilt16", "preset_pantilt.xpm", 1920, 240},
-    {12, "dimmer", "preset_sun.xpm", 2520, 240},     {13, "shutter", "preset_sun.xpm", 3120, 240},
-    {4, "colour", "preset_colour.xpm", 3720, 240},   {5, "color2", "preset_colour.xpm", 4320, 240},
-    {6, "CMY", "preset_colour.xpm", 4920, 240},      {7, "RGB", "preset_colour.xpm", 5520, 240},
-    {9, "iris", "preset_beam.xpm", 120, 840},        {10, "focus", "preset_beam.xpm", 720, 840},
-    {11, "zoom", "preset_beam.xpm", 1320, 840},      {14, "gobo1", "preset_gobo.xpm", 1920, 840},
-    {15, "gobo2", "preset_gobo.xpm", 2520, 840},     {16, "g1.rot", "preset_gobo.xpm", 3120, 840},
-    {17, "g2.rot", "preset_gobo.xpm", 3720, 840},    {18, "speed", "preset_cross.xpm", 4320, 840},
-    {21, "prism", "preset_prism.xpm", 120, 1440},    {22, "p. rot", "preset_prism.xpm", 720, 1440},
-    {8, "CTO", "preset_cross.xpm", 1320, 1440},      {23, "frost", "preset_cross.xpm", 1920, 1440},
-    {24, "macro", "preset_cross.xpm", 2520, 1440},   {19, "effect", "preset_cross.xpm", 4920, 1440},
-    {20, "control", "preset_cross.xpm", 5520, 1440},
+    {0, "pan", "preset_pantilt.svg", 120, 240},      {1, "pan16", "preset_pantilt.svg", 720, 240},
+    {2, "tilt", "preset_pantilt.svg", 1320, 240},    {3, "tilt16", "preset_pantilt.svg", 1920, 240},
+    {12, "dimmer", "preset_sun.svg", 2520, 240},     {13, "shutter", "preset_sun.svg", 3120, 240},
+    {4, "colour", "preset_colour.svg", 3720, 240},   {5, "color2", "preset_colour.svg", 4320, 240},
+    {6, "CMY", "preset_colour.svg", 4920, 240},      {7, "RGB", "preset_colour.svg", 5520, 240},
+    {9, "iris", "preset_beam.svg", 120, 840},        {10, "focus", "preset_beam.svg", 720, 840},
+    {11, "zoom", "preset_beam.svg", 1320, 840},      {14, "gobo1", "preset_gobo.svg", 1920, 840},
+    {15, "gobo2", "preset_gobo.svg", 2520, 840},     {16, "g1.rot", "preset_gobo.svg", 3120, 840},
+    {17, "g2.rot", "preset_gobo.svg", 3720, 840},    {18, "speed", "preset_cross.svg", 4320, 840},
+    {21, "prism", "preset_prism.svg", 120, 1440},    {22, "p. rot", "preset_prism.svg", 720, 1440},
+    {8, "CTO", "preset_cross.svg", 1320, 1440},      {23, "frost", "preset_cross.svg", 1920, 1440},
+    {24, "macro", "preset_cross.svg", 2520, 1440},   {19, "effect", "preset_cross.svg", 4920, 1440},
+    {20, "control", "preset_cross.svg", 5520, 1440},
 };
 
 constexpr const char* kPageCaptions[7] = {
@@ -75,7 +75,7 @@ constexpr Place kErrorPlaces[7] = {
 // clang-format off
 MainForm::MainForm() {
     main.create("main", {.caption = texts::kCaption, .width = 9750, .height = 7260},
-                Pic("rigwright.xpm"));
+                QStringLiteral(":/icons"));
 
     // Pages first, so that the bottom controls are created after them.
     for (int i = 0; i < 7; ++i) {
@@ -114,9 +114,9 @@ MainForm::MainForm() {
     Label12.create(p2, "Label12", {.caption = kLabel12, .left = 240, .top = 720, .width = 4335, .height = 615, .fore = 0x008000});
     Line1.create(p2, "Line1", 4800, 240, 4800, 1320);
     Label9.create(p2, "Label9", {.caption = "GRID COMMANDS", .left = 5280, .top = 240, .width = 1455, .height = 255});
-    add.create(p2, "add", {.caption = "new line", .left = 4920, .top = 600, .width = 615, .height = 735, .picture = Pic("add.xpm")});
-    delete_.create(p2, "delete", {.caption = "delete line", .left = 5640, .top = 600, .width = 615, .height = 735, .picture = Pic("cross.xpm")});
-    adddef.create(p2, "adddef", {.caption = "add default", .left = 6360, .top = 600, .width = 615, .height = 735, .picture = Pic("adddef.xpm")});
+    add.create(p2, "add", {.caption = "new line", .left = 4920, .top = 600, .width = 615, .height = 735, .picture = Pic("add.svg")});
+    delete_.create(p2, "delete", {.caption = "delete line", .left = 5640, .top = 600, .width = 615, .height = 735, .picture = Pic("cross.svg")});
+    adddef.create(p2, "adddef", {.caption = "add default", .left = 6360, .top = 600, .width = 615, .height = 735, .picture = Pic("adddef.svg")});
     table.create(p2, "table", {.left = 120, .top = 1440, .width = 9255, .height = 4815, .accessibleName = "Channels"}, texts::kTableFormat, gui::ScrollBars::Both);
     editframe.create(p2, "editframe", {.caption = "Frame1", .left = 360, .top = 2520, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
     editcombo.create(editframe, "editcombo", {.caption = "editcombo", .left = 0, .top = 240, .width = 2175, .height = 315, .accessibleName = "Cell value"});
@@ -146,16 +146,16 @@ MainForm::MainForm() {
     Label13.create(p6, "Label13", {.caption = "Channel usage:", .left = 240, .top = 360, .width = 4335, .height = 255});
     rpict.create(p6, "rpict", {.left = 240, .top = 600, .width = 4335, .height = 255, .fore = 0xFFC080, .back = 0xE0E0E0, .accessibleName = "Channel usage"}, 255, 10);
     range.create(p6, "range", {.left = 240, .top = 840, .width = 4335, .height = 4815, .accessibleName = "Ranges"}, texts::kRangeFormat, gui::ScrollBars::Vertical);
-    Command2.create(p6, "Command2", {.caption = "auto split", .left = 4560, .top = 960, .width = 615, .height = 975, .toolTip = "automatically splits selected range into ranges of same width", .picture = Pic("split.xpm")});
-    rmerge.create(p6, "rmerge", {.caption = "merge", .left = 4560, .top = 2040, .width = 615, .height = 615, .toolTip = "merge selected rows", .picture = Pic("merge.xpm")});
-    rclear.create(p6, "rclear", {.caption = "clear", .left = 4560, .top = 2760, .width = 615, .height = 615, .toolTip = "clear table (create one range 0-255)", .picture = Pic("cross.xpm")});
-    Command7.create(p6, "Command7", {.caption = "delete", .left = 6000, .top = 2760, .width = 615, .height = 615, .picture = Pic("cross.xpm")});
-    Image1[0].create(p6, Indexed("Image1", 0), {.left = 4680, .top = 3480, .width = 480, .height = 480, .picture = Pic("arrow_left.xpm")});
-    Command3.create(p6, "Command3", {.caption = "load", .left = 5160, .top = 3480, .width = 855, .height = 615, .picture = Pic("folder.xpm")});
-    Command5.create(p6, "Command5", {.caption = "over write", .left = 5160, .top = 4200, .width = 855, .height = 615, .picture = Pic("floppy_arrow.xpm")});
-    Image1[1].create(p6, Indexed("Image1", 1), {.left = 6120, .top = 4320, .width = 480, .height = 480, .picture = Pic("arrow_right.xpm")});
-    Command4.create(p6, "Command4", {.caption = "save new", .left = 5160, .top = 4920, .width = 855, .height = 615, .picture = Pic("floppy_spark.xpm")});
-    Image1[2].create(p6, Indexed("Image1", 2), {.left = 6120, .top = 5040, .width = 480, .height = 480, .picture = Pic("arrow_right.xpm")});
+    Command2.create(p6, "Command2", {.caption = "auto split", .left = 4560, .top = 960, .width = 615, .height = 975, .toolTip = "automatically splits selected range into ranges of same width", .picture = Pic("split.svg")});
+    rmerge.create(p6, "rmerge", {.caption = "merge", .left = 4560, .top = 2040, .width = 615, .height = 615, .toolTip = "merge selected rows", .picture = Pic("merge.svg")});
+    rclear.create(p6, "rclear", {.caption = "clear", .left = 4560, .top = 2760, .width = 615, .height = 615, .toolTip = "clear table (create one range 0-255)", .picture = Pic("cross.svg")});
+    Command7.create(p6, "Command7", {.caption = "delete", .left = 6000, .top = 2760, .width = 615, .height = 615, .picture = Pic("cross.svg")});
+    Image1[0].create(p6, Indexed("Image1", 0), {.left = 4680, .top = 3480, .width = 480, .height = 480, .picture = Pic("arrow_left.svg")});
+    Command3.create(p6, "Command3", {.caption = "load", .left = 5160, .top = 3480, .width = 855, .height = 615, .picture = Pic("folder.svg")});
+    Command5.create(p6, "Command5", {.caption = "over write", .left = 5160, .top = 4200, .width = 855, .height = 615, .picture = Pic("floppy_arrow.svg")});
+    Image1[1].create(p6, Indexed("Image1", 1), {.left = 6120, .top = 4320, .width = 480, .height = 480, .picture = Pic("arrow_right.svg")});
+    Command4.create(p6, "Command4", {.caption = "save new", .left = 5160, .top = 4920, .width = 855, .height = 615, .picture = Pic("floppy_spark.svg")});
+    Image1[2].create(p6, Indexed("Image1", 2), {.left = 6120, .top = 5040, .width = 480, .height = 480, .picture = Pic("arrow_right.svg")});
     rangeslist.create(p6, "rangeslist", {.left = 6600, .top = 240, .width = 2655, .height = 5910, .accessibleName = "Saved range tables"});
     reditframe.create(p6, "reditframe", {.caption = "Frame1", .left = 960, .top = 3360, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
     redittext.create(reditframe, "redittext", {.caption = "Text1", .left = 0, .top = 240, .width = 2175, .height = 285, .tag = "0", .accessibleName = "Range value"});

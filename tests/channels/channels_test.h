@@ -41,4 +41,10 @@ class TestChannels : public FormFixture {
     void clickElsewhereCommitsFirstCellOnly();
     void nextCommitsPreviousDoesNot();
     void randomEntriesStayInBounds();
+
+    // Readable cells.
+    void cutCellShowsItsTextInATip_data();
+    void cutCellShowsItsTextInATip();
+    void headBordersDrag_data();
+    void headBordersDrag();
 };
