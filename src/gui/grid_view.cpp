@@ -1,5 +1,7 @@
 #include "gui/grid_view.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -8,7 +10,41 @@
 
 namespace gui {
 
-GridView::GridView(QWidget* parent) : QTableView(parent) {}
+GridView::GridView(QWidget* parent) : QTableView(parent) {
+    // The heads and the marks are widgets of their own; their clicks are watched here and
+    // left to them as well, so that a drag on a border still does what the head does.
+    horizontalHeader()->viewport()->installEventFilter(this);
+    verticalHeader()->viewport()->installEventFilter(this);
+    if (auto* corner = findChild<QAbstractButton*>()) corner->installEventFilter(this);
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    const bool onHead = watched == horizontalHeader()->viewport() ||
+                        watched == verticalHeader()->viewport() ||
+                        qobject_cast<QAbstractButton*>(watched);
+    if (!onHead) return QTableView::eventFilter(watched, event);
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            headPressed_ = mouse->button() == Qt::LeftButton;
+            headPress_ = mouse->globalPosition().toPoint();
+            break;
+        case QEvent::MouseButtonDblClick:
+            headPressed_ = false;  // the click before it was the Click
+            break;
+        case QEvent::MouseButtonRelease: {
+            const bool dragged =
+                (mouse->globalPosition().toPoint() - headPress_).manhattanLength() >=
+                QApplication::startDragDistance();
+            if (headPressed_ && mouse->button() == Qt::LeftButton && !dragged && click) click();
+            headPressed_ = false;
+            break;
+        }
+        default:
+            break;
+    }
+    return QTableView::eventFilter(watched, event);
+}
 
 int GridView::anchorRow() const {
     return extended_ ? anchorRow_ : qMax(0, currentIndex().row());
@@ -81,9 +117,7 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
     QTableView::mouseDoubleClickEvent(event);
     pressed_ = false;
     afterDoubleClick_ = true;
-    if (event->button() == Qt::LeftButton && dblClick &&
-        indexAt(event->position().toPoint()).isValid())
-        dblClick();
+    if (event->button() == Qt::LeftButton && dblClick) dblClick();
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {

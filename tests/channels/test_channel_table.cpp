@@ -86,15 +86,17 @@ void TestChannels::commandsCommitTheOpenEditFirst() {
     QVERIFY(!form().editframe.Visible());
 }
 
-void TestChannels::rowCountStopsAt16Bits() {
+// A preset adds all its rows or none; `add` stops at the cap too.
+void TestChannels::rowCap() {
     gui::Grid& table = form().table;
     while (table.Rows() - 1 < channels::kMaxChannelRows - 1) table.AddItem(QStringLiteral("x"));
-    // The last free row goes to the first of the three colour mix rows.
     Click(form().adddef);
     Click(form().Command6[6]);
+    QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows - 1);
+    QVERIFY(!form().defaultsframe.Visible());
+    Command6_Click(form(), 0);
     Click(form().add);
     Command6_Click(form(), 0);
     QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows);
-    QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Cyan");
-    QVERIFY(!form().defaultsframe.Visible());
+    QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Pan");
 }

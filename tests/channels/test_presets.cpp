@@ -71,6 +71,15 @@ void TestChannels::presetOffsets_data() {
     QTest::newRow("past 511") << QStringList{"511;0"} << QList<int>{0} << QStringList{"512;0"};
     QTest::newRow("16 bits past 511")
         << QStringList{"511;0"} << QList<int>{1} << QStringList{"512;513"};
+    // Every offset a preset takes, a 16-bit low byte too, is a 16-bit value of its own.
+    QTest::newRow("last offset") << QStringList{"32766;0"} << QList<int>{0, 0, 1, 6}
+                                 << QStringList{"32767;0"};
+    QTest::newRow("16 bits at the last offset")
+        << QStringList{"32765;0"} << QList<int>{1, 1} << QStringList{"32766;32767"};
+    QTest::newRow("three rows or none")
+        << QStringList{"32765;0"} << QList<int>{7, 6} << QStringList{};
+    QTest::newRow("three rows up to the last offset")
+        << QStringList{"32764;0"} << QList<int>{7} << QStringList{"32765;0", "32766;0", "32767;0"};
     QTest::newRow("index outside")
         << QStringList{";0"} << QList<int>{-1, 25, 32767} << QStringList{};
 }
