@@ -118,7 +118,21 @@ void PickItem(ComboBox& box, int index) {
 }
 
 QObject* ActiveDialog() {
-    return QApplication::activeModalWidget();
+    // A dialog takes the focus a moment after it comes up, or after a box above it has
+    // gone: wait for it, as a user waits before typing. Without a window manager (the
+    // offscreen platform) nothing hands the focus back, so the dialog is activated as a
+    // window manager would.
+    QWidget* dialog = nullptr;
+    const auto focused = [&dialog] {
+        dialog = QApplication::activeModalWidget();
+        QWidget* focus = QApplication::focusWidget();
+        return dialog && focus && dialog->isAncestorOf(focus);
+    };
+    if (!QTest::qWaitFor(focused, 1000) && dialog) {
+        dialog->activateWindow();
+        QTest::qWaitFor(focused);
+    }
+    return dialog;
 }
 
 QString FocusName() {
