@@ -68,7 +68,7 @@ void TestRanges::operation_data() {
     split("3.5 of 10..19", kThree, 2, "3.5", "splitted", middle({10, 12, 14, 20}));
     split("last row", kThree, 3, "2", "p", {"1|0|9|A", "M|10|19|L", "#|20|137|p 0", "#|138|255|"});
     // A refused count changes nothing and leaves the dialog open.
-    for (const char* count : {"1", "0", "-3", "1.9", "abc", "", "257", "256.5", "1e9"})
+    for (const char* count : {"1", "1.9", "abc", "257", "1e9"})
         QTest::addRow("refused '%s'", count) << kStart << 1 << 0 << count << "p" << kStart;
 }
 
