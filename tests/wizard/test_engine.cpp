@@ -63,11 +63,6 @@ class TestEngine : public FormFixture {
         }
     }
 
-    void nextStopsAtTheFinishPage() {
-        for (int i = 0; i < 6; ++i) Click(form().nexts);
-        QCOMPARE(int(form().CurrentStep), 3);
-    }
-
     // The box swaps Next and Finished when the user ticks or clears it, but an arrival at
     // the finish page sets the buttons whatever the box holds.
     void continuationBox() {
@@ -87,17 +82,6 @@ class TestEngine : public FormFixture {
         QCOMPARE(buttons(), QStringLiteral("-PFC"));
         Click(form().goonrange);  // ticks it, the buttons swap
         QCOMPARE(buttons(), QStringLiteral("NP-C"));
-    }
-
-    void disabledBoxesRefuseTheUser() {
-        goToPage(3);
-        Click(form().goonpalettes);
-        Click(form().goonmacros);
-        QCOMPARE(form().goonpalettes.Value() + form().goonmacros.Value(), 0);
-        goToPage(1);
-        Click(form().Check2);
-        Click(form().Check3);
-        QCOMPARE(form().Check2.Value() + form().Check3.Value(), 2);
     }
 
     void quitQuestion_data() {

@@ -61,20 +61,6 @@ class TestPages : public FormFixture {
         QCOMPARE(form().degreestilt.Enabled(), enabled);
     }
 
-    void aChosenTypeActsOnlyAtThePageChange() {
-        Click(form().otherkind);
-        Click(form().nexts);
-        QVERIFY(!form().degreespan.Enabled());
-        Click(form().previous);
-        Click(form().mirror);
-        QCOMPARE(form().degreespan.Text(),
-                 QStringLiteral("0"));  // the option alone changes nothing
-        Click(form().nexts);
-        QVERIFY(form().degreespan.Enabled());
-        QCOMPARE(form().degreespan.Text(), QStringLiteral("180"));
-        QCOMPARE(form().degreestilt.Text(), QStringLiteral("90"));
-    }
-
     void commentIsComposedOnEachArrival() {
         gui::seams::FixClock(QDateTime(QDate(2026, 3, 7), QTime(21, 5, 9)));
         Click(form().manifacturer);
