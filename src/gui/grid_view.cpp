@@ -22,26 +22,23 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
     const bool onHead = watched == horizontalHeader()->viewport() ||
                         watched == verticalHeader()->viewport() ||
                         qobject_cast<QAbstractButton*>(watched);
-    if (!onHead) return QTableView::eventFilter(watched, event);
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    switch (event->type()) {
-        case QEvent::MouseButtonPress:
-            headPressed_ = mouse->button() == Qt::LeftButton;
-            headPress_ = mouse->globalPosition().toPoint();
-            break;
-        case QEvent::MouseButtonDblClick:
-            headPressed_ = false;  // the click before it was the Click
-            break;
-        case QEvent::MouseButtonRelease: {
+    const QEvent::Type type = event->type();
+    if (onHead && type == QEvent::MouseButtonDblClick) {
+        headPressed_ = false;  // the click before it was the Click
+    } else if (onHead && (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease)) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QPoint at = mouse->globalPosition().toPoint();
+        const bool left = mouse->button() == Qt::LeftButton;
+        if (type == QEvent::MouseButtonPress) {
+            headPressed_ = left;
+            headPress_ = at;
+        } else {
+            // A drag on a head is no click.
             const bool dragged =
-                (mouse->globalPosition().toPoint() - headPress_).manhattanLength() >=
-                QApplication::startDragDistance();
-            if (headPressed_ && mouse->button() == Qt::LeftButton && !dragged && click) click();
+                (at - headPress_).manhattanLength() >= QApplication::startDragDistance();
+            if (headPressed_ && left && !dragged && click) click();
             headPressed_ = false;
-            break;
         }
-        default:
-            break;
     }
     return QTableView::eventFilter(watched, event);
 }

@@ -102,6 +102,7 @@ void Click(Control& control) {
 }
 
 void TypeKeys(const QString& text) {
+    // Key by key: a key may move the focus, as the first key on a grid opens its editor.
     for (const QChar c : text)
         if (QWidget* focus = FocusWidget()) QTest::keyClicks(focus, QString(c));
 }
@@ -130,7 +131,7 @@ QObject* ActiveDialog() {
     };
     if (!QTest::qWaitFor(focused, 1000) && dialog) {
         dialog->activateWindow();
-        QTest::qWaitFor(focused);
+        if (!QTest::qWaitFor(focused)) qWarning("The dialog does not take the focus");
     }
     return dialog;
 }
