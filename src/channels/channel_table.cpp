@@ -1,6 +1,7 @@
 #include "channels/channel_table.h"
 
 #include <QString>
+#include <algorithm>
 #include <limits>
 
 #include "channels/cell_editor.h"
@@ -37,20 +38,22 @@ void adddef_Click(MainForm& f) {
     f.defaultsframe.setVisible(true);
 }
 
-std::int16_t NextFreeDmx(const MainForm& f) {
-    constexpr double kMax = std::numeric_limits<std::int16_t>::max();
+double channels::NextOffset(const MainForm& f) {
     const gui::GridModel& table = *f.table.model();
     const int rows = table.Rows();
     double candidate = 1;
     for (int row = kFirstChannelRow; row < rows; ++row) {
         for (const int col : {kDmx1Col, kDmx2Col}) {
             const double offset = common::LeadingNumber(table.Cell(row, col));
-            if (offset < candidate) continue;
-            // The candidate is a 16-bit integer: the next offset is rounded as it is stored,
-            // and it cannot climb past the largest 16-bit value.
-            const double next = offset + 1;
-            candidate = next >= kMax ? kMax : common::RoundHalfEven(next);
+            // The next offset is rounded as it is stored.
+            if (offset >= candidate) candidate = common::RoundHalfEven(offset + 1);
         }
     }
-    return static_cast<std::int16_t>(candidate);
+    return candidate;
+}
+
+std::int16_t NextFreeDmx(const MainForm& f) {
+    // The result is a 16-bit integer: it cannot climb past the largest 16-bit value.
+    constexpr double kMax = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::min(channels::NextOffset(f), kMax));
 }

@@ -16,5 +16,7 @@ namespace channels {
 // row not counted. New lines and presets stop there.
 inline constexpr int kMaxChannelRows = 32767;
 bool RoomForChannelRow(const MainForm& f);
+// The lowest offset above every offset of the table, not held to 16 bits.
+double NextOffset(const MainForm& f);
 
 }  // namespace channels

@@ -346,7 +346,9 @@ void ComboBox::setListIndex(int index) {
 }
 
 void ComboBox::onKeyPress(KeyHandler handler) {
-    box_->lineEdit()->installEventFilter(new detail::KeyFilter(box_, std::move(handler)));
+    // The keys arrive at the combo box, which hands them to its edit box by a direct call
+    // that passes no event filter: they are caught where they arrive.
+    box_->installEventFilter(new detail::KeyFilter(box_, std::move(handler)));
 }
 
 // ---- OptionButton, CheckBox -----------------------------------------------------------

@@ -62,6 +62,8 @@ class Form : public Control {
     void Close();  // asks, as the close box does
 };
 
+class Button;
+
 // A container with a title and a free text tag.
 class Frame : public Control {
   public:
@@ -70,6 +72,13 @@ class Frame : public Control {
     void setCaption(const QString& caption);
     QString Tag() const { return tag_; }
     void setTag(const QString& tag) { tag_ = tag; }
+    // While the frame shows, Return presses `defaultButton` and Escape `cancelButton`, with
+    // the focus anywhere in the frame's window.
+    void setDialogButtons(Button& defaultButton, Button& cancelButton);
+    // Gives the focus to the first control inside that takes input, in tab order: a text
+    // box, a list, a grid, an option or a check box that is enabled and not hidden.
+    // False when there is none.
+    bool FocusFirstInput();
 
   private:
     QString tag_;

@@ -1,7 +1,9 @@
 #include "gui/dialogs.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -54,6 +56,28 @@ QString QtFilter(const QString& filter) {
     return entries.join(QStringLiteral(";;"));
 }
 
+// The save dialog accepts only a name in a folder that exists; Qt's own dialog hands back
+// any name it is given. A refused name keeps the dialog open and says why.
+class SaveFileDialog : public QFileDialog {
+  public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override {
+        const QStringList chosen = selectedFiles();
+        if (!chosen.isEmpty()) {
+            const QFileInfo target(chosen.first());
+            if (!target.absoluteDir().exists()) {
+                QMessageBox::warning(
+                    this, windowTitle(),
+                    QStringLiteral("%1\nThe folder does not exist. Check the name and try again.")
+                        .arg(QDir::toNativeSeparators(target.absoluteFilePath())));
+                return;
+            }
+        }
+        QFileDialog::accept();
+    }
+};
+
 }  // namespace
 
 int MsgBox(const QString& text, int style, const QString& title) {
@@ -87,18 +111,21 @@ int MsgBox(const QString& text, int style, const QString& title) {
 bool SaveDialog::ShowSave() {
     auto& seams = detail::Seams();
     seams.saveCalls.push_back({DialogTitle, Filter, FileName, OverwritePrompt});
-    if (!seams.saveAnswers.empty()) {
+    const bool real = seams.realSaveDialogs > 0;
+    if (real) {
+        --seams.realSaveDialogs;
+    } else if (!seams.saveAnswers.empty()) {
         const std::optional<QString> answer = seams.saveAnswers.front();
         seams.saveAnswers.pop_front();
         if (!answer) return false;
         FileName = *answer;
         return true;
     }
-    if (seams.testMode) {
+    if (seams.testMode && !real) {
         ++seams.unanswered;
         return false;
     }
-    QFileDialog dialog(QApplication::activeWindow(), DialogTitle);
+    SaveFileDialog dialog(QApplication::activeWindow(), DialogTitle);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontUseNativeDialog, true);

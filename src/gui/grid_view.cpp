@@ -1,5 +1,7 @@
 #include "gui/grid_view.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -8,7 +10,38 @@
 
 namespace gui {
 
-GridView::GridView(QWidget* parent) : QTableView(parent) {}
+GridView::GridView(QWidget* parent) : QTableView(parent) {
+    // The heads and the marks are widgets of their own; their clicks are watched here and
+    // left to them as well, so that a drag on a border still does what the head does.
+    horizontalHeader()->viewport()->installEventFilter(this);
+    verticalHeader()->viewport()->installEventFilter(this);
+    if (auto* corner = findChild<QAbstractButton*>()) corner->installEventFilter(this);
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    const bool onHead = watched == horizontalHeader()->viewport() ||
+                        watched == verticalHeader()->viewport() ||
+                        qobject_cast<QAbstractButton*>(watched);
+    const QEvent::Type type = event->type();
+    if (onHead && type == QEvent::MouseButtonDblClick) {
+        headPressed_ = false;  // the click before it was the Click
+    } else if (onHead && (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease)) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QPoint at = mouse->globalPosition().toPoint();
+        const bool left = mouse->button() == Qt::LeftButton;
+        if (type == QEvent::MouseButtonPress) {
+            headPressed_ = left;
+            headPress_ = at;
+        } else {
+            // A drag on a head is no click.
+            const bool dragged =
+                (at - headPress_).manhattanLength() >= QApplication::startDragDistance();
+            if (headPressed_ && left && !dragged && click) click();
+            headPressed_ = false;
+        }
+    }
+    return QTableView::eventFilter(watched, event);
+}
 
 int GridView::anchorRow() const {
     return extended_ ? anchorRow_ : qMax(0, currentIndex().row());
@@ -81,9 +114,7 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
     QTableView::mouseDoubleClickEvent(event);
     pressed_ = false;
     afterDoubleClick_ = true;
-    if (event->button() == Qt::LeftButton && dblClick &&
-        indexAt(event->position().toPoint()).isValid())
-        dblClick();
+    if (event->button() == Qt::LeftButton && dblClick) dblClick();
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {

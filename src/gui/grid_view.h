@@ -1,6 +1,8 @@
 #pragma once
 // Inside gui/ only: the view of a grid. It reports Click after the current cell has moved,
-// DblClick after its Click, and KeyPress for the keys that give a character. It keeps the
+// DblClick after its Click, and KeyPress for the keys that give a character. A click on a
+// head, a mark or the empty area is a Click on the grid too, and a double click on the
+// empty area a DblClick; the current cell stays where it was. It keeps the
 // cell where a drag or a Shift move began as the current cell (Row, Col) and the far end
 // of the selected rows as RowSel.
 
@@ -26,6 +28,7 @@ class GridView : public QTableView {
     void extendTo(int bodyRow);
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -41,6 +44,8 @@ class GridView : public QTableView {
     int anchorCol_ = 0;
     bool pressed_ = false;
     bool afterDoubleClick_ = false;
+    QPoint headPress_;  // where the button went down on a head or a mark, when it did
+    bool headPressed_ = false;
 };
 
 // Grid lines in the grid's own colour.

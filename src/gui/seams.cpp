@@ -44,6 +44,11 @@ void QueueSaveAnswer(std::optional<QString> path) {
     Seams().saveAnswers.push_back(std::move(path));
 }
 
+void RunRealSaveDialog() {
+    Seams().testMode = true;
+    ++Seams().realSaveDialogs;
+}
+
 const std::vector<MsgBoxCall>& MsgBoxCalls() {
     return Seams().msgBoxCalls;
 }
@@ -52,7 +57,8 @@ const std::vector<SaveDialogCall>& SaveDialogCalls() {
 }
 
 int PendingAnswers() {
-    return static_cast<int>(Seams().msgBoxAnswers.size() + Seams().saveAnswers.size());
+    return static_cast<int>(Seams().msgBoxAnswers.size() + Seams().saveAnswers.size()) +
+           Seams().realSaveDialogs;
 }
 
 int UnansweredCalls() {
@@ -73,6 +79,7 @@ void Reset() {
     auto& s = Seams();
     s.msgBoxAnswers.clear();
     s.saveAnswers.clear();
+    s.realSaveDialogs = 0;
     s.msgBoxCalls.clear();
     s.saveCalls.clear();
     s.fixedClock.reset();

@@ -27,6 +27,9 @@ struct SaveDialogCall {
 void QueueMsgBoxAnswer(int answer);
 // Save dialog: the chosen path, or nothing for a cancel.
 void QueueSaveAnswer(std::optional<QString> path);
+// Save dialog: the real one comes up, for a test that drives it itself (see
+// gui::testing::ActiveDialog). Taken before any queued answer.
+void RunRealSaveDialog();
 
 const std::vector<MsgBoxCall>& MsgBoxCalls();
 const std::vector<SaveDialogCall>& SaveDialogCalls();

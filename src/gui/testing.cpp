@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -40,10 +41,10 @@ void DragWithin(QWidget* widget, QPoint from, QPoint to) {
     QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
 }
 
-QWidget* KeyTarget(QWidget* widget) {
-    if (auto* combo = qobject_cast<QComboBox*>(widget); combo && combo->lineEdit())
-        return combo->lineEdit();
-    return widget;
+QWidget* FocusWidget() {
+    QWidget* focus = QApplication::focusWidget();
+    if (!focus) qWarning("No widget has the focus: the keys go nowhere");
+    return focus;
 }
 
 }  // namespace
@@ -69,6 +70,34 @@ void DragRows(Grid& grid, int fromRow, int toRow, int col) {
 void ClickEmptyArea(Grid& grid) {
     QWidget* viewport = grid.view()->viewport();
     QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(2, viewport->height() - 2));
+}
+
+void DoubleClickEmptyArea(Grid& grid) {
+    QWidget* viewport = grid.view()->viewport();
+    const QPoint at(2, viewport->height() - 2);
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, at);
+    QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);
+}
+
+void ClickHead(Grid& grid, int col) {
+    GridView* view = grid.view();
+    if (col == 0) {
+        auto* corner = view->findChild<QAbstractButton*>();
+        QTest::mouseClick(corner, Qt::LeftButton, {}, corner->rect().center());
+        return;
+    }
+    QHeaderView* heads = view->horizontalHeader();
+    const int x = heads->sectionViewportPosition(col - 1) + heads->sectionSize(col - 1) / 2;
+    QTest::mouseClick(heads->viewport(), Qt::LeftButton, {}, QPoint(x, heads->height() / 2));
+}
+
+void ClickMark(Grid& grid, int row) {
+    GridView* view = grid.view();
+    view->scrollTo(grid.model()->index(row - 1, 0));
+    QHeaderView* marks = view->verticalHeader();
+    const int y = marks->sectionViewportPosition(row - 1) + marks->sectionSize(row - 1) / 2;
+    QTest::mouseClick(marks->viewport(), Qt::LeftButton, {}, QPoint(marks->width() / 2, y));
 }
 
 QAbstractItemModel* ModelOf(Grid& grid) {
@@ -99,18 +128,44 @@ void Click(Control& control) {
     QTest::mouseClick(w, Qt::LeftButton, {}, w->rect().center());
 }
 
-void TypeText(Control& control, const QString& text) {
-    QTest::keyClicks(KeyTarget(control.widget()), text);
+void TypeKeys(const QString& text) {
+    // Key by key: a key may move the focus, as the first key on a grid opens its editor.
+    for (const QChar c : text)
+        if (QWidget* focus = FocusWidget()) QTest::keyClicks(focus, QString(c));
 }
 
-void PressKey(Control& control, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(KeyTarget(control.widget()), key, modifiers);
+void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    if (QWidget* focus = FocusWidget()) QTest::keyClick(focus, key, modifiers);
 }
 
 void PickItem(ComboBox& box, int index) {
     auto* combo = static_cast<QComboBox*>(box.widget());
-    combo->setCurrentIndex(index);
-    emit combo->activated(index);
+    if (FocusWidget() != combo) qWarning("The list to pick from has not the focus");
+    for (int tries = combo->count(); tries > 0 && combo->currentIndex() != index; --tries)
+        PressKey(combo->currentIndex() < index ? Qt::Key_Down : Qt::Key_Up);
+}
+
+QObject* ActiveDialog() {
+    // A dialog takes the focus a moment after it comes up, or after a box above it has
+    // gone: wait for it, as a user waits before typing. Without a window manager (the
+    // offscreen platform) nothing hands the focus back, so the dialog is activated as a
+    // window manager would.
+    QWidget* dialog = nullptr;
+    const auto focused = [&dialog] {
+        dialog = QApplication::activeModalWidget();
+        QWidget* focus = QApplication::focusWidget();
+        return dialog && focus && dialog->isAncestorOf(focus);
+    };
+    if (!QTest::qWaitFor(focused, 1000) && dialog) {
+        dialog->activateWindow();
+        if (!QTest::qWaitFor(focused)) qWarning("The dialog does not take the focus");
+    }
+    return dialog;
+}
+
+QString FocusName() {
+    QWidget* focus = QApplication::focusWidget();
+    return focus ? focus->objectName() : QString();
 }
 
 void CloseBox(Form& form) {
@@ -134,6 +189,7 @@ QObject* Find(Form& form, const QString& name) {
 }
 
 QString CaptionOf(QObject* control) {
+    if (auto* w = qobject_cast<QMessageBox*>(control)) return w->text();
     if (auto* w = qobject_cast<QLabel*>(control)) return w->text();
     if (auto* w = qobject_cast<QAbstractButton*>(control)) return w->text();
     if (auto* w = qobject_cast<QGroupBox*>(control)) return w->title();

@@ -24,6 +24,9 @@ void ClickCell(Grid& grid, int row, int col);
 void DoubleClickCell(Grid& grid, int row, int col);
 void DragRows(Grid& grid, int fromRow, int toRow, int col);  // press, move, release
 void ClickEmptyArea(Grid& grid);                             // below the last row
+void DoubleClickEmptyArea(Grid& grid);
+void ClickHead(Grid& grid, int col);  // the head of a column; column 0's is the corner
+void ClickMark(Grid& grid, int row);  // the mark of a row, in the fixed column
 QAbstractItemModel* ModelOf(Grid& grid);
 // The mouse rests on a cell until its tool tip comes: the tip's text, empty if none shows.
 QString ToolTipOfCell(Grid& grid, int row, int col);
@@ -31,11 +34,17 @@ QString ToolTipOfCell(Grid& grid, int row, int col);
 void DragColumnBorder(Grid& grid, int col, int pixels);
 
 void Click(Control& control);  // a left click in the middle of the control
-void TypeText(Control& control, const QString& text);
-void PressKey(Control& control, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-void PickItem(ComboBox& box, int index);  // as the user choosing from the list
-void CloseBox(Form& form);                // the window's close box
-bool WaitForShown(Form& form);            // until the window is on screen
+// Keys go where a keyboard's keys go: to the widget that has the focus. A test first gives
+// the focus as a user does, by a click or the Tab key.
+void TypeKeys(const QString& text);
+void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+// Picks a list item as a user does with the cursor keys, the box having the focus.
+void PickItem(ComboBox& box, int index);
+// The modal dialog on screen, for a test that lets a real one come up; null when none.
+QObject* ActiveDialog();
+QString FocusName();            // object name of the widget that has the focus
+void CloseBox(Form& form);      // the window's close box
+bool WaitForShown(Form& form);  // until the window is on screen
 
 QImage Grab(Control& control);
 bool ShownOnScreen(const Control& control);  // visible, its containers too
@@ -43,7 +52,8 @@ bool HasFocus(const Control& control);
 
 // Looking controls up by object name, as accessibility tools and catalogue tests do.
 QObject* Find(Form& form, const QString& name);
-QString CaptionOf(QObject* control);  // caption, title or text of whatever control it is
+QString CaptionOf(QObject* control);  // caption, title or text of whatever control it is,
+                                      // a message box's text too
 QRect PlaceOf(QObject* control);      // Left, Top, Width, Height in twips
 QString KindOf(QObject* control);     // "label", "button", "frame", "text box", ...
 bool EnabledOf(QObject* control);

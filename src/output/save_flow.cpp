@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <algorithm>
 
 #include "gui/dialogs.h"
 #include "output/fixture_file.h"
@@ -15,26 +16,22 @@ namespace {
 // system takes only in part shows at once and is not lost in a later flush.
 constexpr QIODevice::OpenMode kWriteMode = QIODevice::WriteOnly | QIODevice::Unbuffered;
 
-// A device or a pipe cannot be replaced by a finished temporary file: it is written in place.
-std::optional<QString> WriteInPlace(const MainForm& f, const QString& path) {
-    QFile file(path);
-    if (!file.open(kWriteMode)) return file.errorString();
-    const WriteOutcome written = WriteFixtureFile(f, path, file);
-    if (!written.ok) return written.error;
-    return std::nullopt;
-}
-
 QString DefaultName(const MainForm& f) {
     const QString name = f.nameondesk.Text();
-    if (name.trimmed().isEmpty()) return QStringLiteral("MyFixture.R20");
+    // Blanks are spaces only: a name of tabs or no-break spaces is proposed as it stands.
+    const bool blank = std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c == u' '; });
+    if (blank) return QStringLiteral("MyFixture.R20");
     return name + QStringLiteral(".R20");
 }
 
 }  // namespace
 
 std::optional<QString> SaveFixtureFile(const MainForm& f, const QString& path) {
+    // A pipe or a device is no file to replace: writing into it could wait for ever on a
+    // reader, and the window with it.
     const QFileInfo target(path);
-    if (target.exists() && !target.isFile() && !target.isDir()) return WriteInPlace(f, path);
+    if (target.exists() && !target.isFile() && !target.isDir())
+        return QStringLiteral("Not a regular file");
 
     // The new text goes to a temporary file beside the target, which replaces the target
     // only once complete; on any failure the temporary file is removed and the old file

@@ -74,14 +74,5 @@ void rgo_Click(MainForm& f) {
 }
 
 void WireAutoSplitKeys(MainForm& f) {
-    MainForm* m = &f;
-    const auto keys = [m](int keyCode) {
-        if (!m->autoframe.Visible()) return;
-        if (keyCode == 13)
-            m->rgo.Click();
-        else if (keyCode == 27)
-            m->Command1.Click();
-    };
-    f.arno.onKeyPress(keys);
-    f.arpre.onKeyPress(keys);
+    f.autoframe.setDialogButtons(f.rgo, f.Command1);
 }

@@ -8,6 +8,6 @@ void Command2_Click(MainForm& f);
 void Command1_Click(MainForm& f);
 void rgo_Click(MainForm& f);
 
-// While the auto split frame shows, Return in its text boxes presses OK and Escape presses X.
-// Harmless when installed twice: a press acts only while the frame shows.
+// While the auto split frame shows, Return presses OK and Escape presses X, wherever the
+// focus stands on the form. Installed once, by the form's wiring.
 void WireAutoSplitKeys(MainForm& f);

@@ -11,7 +11,7 @@ std::optional<std::int16_t> BoundEntry(QStringView text) {
     if (!value) return std::nullopt;
     qsizetype begin = 0;
     qsizetype end = text.size();
-    const auto blank = [](QChar c) { return c == u' ' || c == u'\t'; };
+    const auto blank = [](QChar c) { return c == u' '; };  // a tab is no blank
     while (begin < end && blank(text[begin])) ++begin;
     while (end > begin && blank(text[end - 1])) --end;
     if (text.mid(begin, end - begin) != QString::number(*value)) return std::nullopt;

@@ -46,6 +46,8 @@ void ShowStep(MainForm& f) {
         ComposeComment(f);
         GiveAdvice(f);
     }
+    // The focus must not stay on a button of the page before: a typed blank would press it.
+    if (!page.FocusFirstInput()) (f.nexts.Enabled() ? f.nexts : f.finished).SetFocus();
 }
 
 void nexts_Click(MainForm& f) {

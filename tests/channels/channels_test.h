@@ -26,7 +26,7 @@ class TestChannels : public FormFixture {
     void nextFreeDmx();
     void addAndDelete();
     void commandsCommitTheOpenEditFirst();
-    void rowCountStopsAt16Bits();
+    void rowCap();
 
     // Presets.
     void preset_data();
@@ -37,8 +37,9 @@ class TestChannels : public FormFixture {
     // Cell editor.
     void entry_data();
     void entry();
-    void frameAndKeys();
-    void clickElsewhereCommitsFirstCellOnly();
+    void frame();
+    void clickCommits_data();
+    void clickCommits();
     void nextCommitsPreviousDoesNot();
     void randomEntriesStayInBounds();
 

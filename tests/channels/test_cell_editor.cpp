@@ -1,4 +1,5 @@
-// The floating cell editor, driven as a user drives it: double click, type, Enter.
+// The floating cell editor, driven as a user drives it: keys to the focus, clicks where a
+// mouse lands.
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -15,6 +16,8 @@ enum Col { kDmx1 = 1, kDmx2, kKey = 5, kLabel = 7, kRatio = 10, kLocate, kHigh, 
 
 }  // namespace
 
+// By keys alone: a key on the grid opens the editor on the current cell without being typed
+// into it; the entry is typed or picked, and Enter stores it and gives the grid the focus.
 void TestChannels::entry_data() {
     QTest::addColumn<int>("col");
     QTest::addColumn<QString>("old");
@@ -31,22 +34,20 @@ void TestChannels::entry_data() {
         // Each class at its bounds; rounding goes half to even, and the bounds apply after it.
         {kDmx1, "3.5", "4"}, {kDmx1, "2.5", "2"}, {kDmx1, "0.5", "7"}, {kDmx1, "0.6", "1"},
         {kDmx1, "511", "511"}, {kDmx1, "511.5", "7"}, {kDmx1, "  +12", "12"},
-        {kDmx2, "0", "0"}, {kDmx2, "511", "511"}, {kDmx2, "512", "7"}, {kDmx2, "-1", "7"},
-        {kKey, "0", "7"}, {kKey, "1", "1"}, {kKey, "20", "20"}, {kKey, "21", "7"},
-        {kKey, "12x", "12"}, {kRatio, "0", "0"}, {kRatio, "-1", "7"}, {kRatio, "100.5", "100"},
-        {kRatio, "101", "7"}, {kRatio, "050.0", "50"}, {kLocate, "-1", "-1"},
-        {kLocate, "-1.5", "7"}, {kLocate, "-0.4", "0"}, {kHigh, "255", "255"}, {kLow, "256", "7"},
+        {kDmx2, "0", "0"}, {kDmx2, "512", "7"}, {kDmx2, "-1", "7"},
+        {kKey, "0", "7"}, {kKey, "20", "20"}, {kKey, "21", "7"}, {kKey, "12x", "12"},
+        {kRatio, "-1", "7"}, {kRatio, "100.5", "100"}, {kRatio, "101", "7"},
+        {kRatio, "050.0", "50"}, {kLocate, "-1", "-1"}, {kLocate, "-1.5", "7"},
+        {kLocate, "-0.4", "0"}, {kHigh, "255", "255"}, {kLow, "256", "7"},
         // No leading number gives 0, stored where 0 is allowed; beyond 16 bits there is no
         // value at all, not even 0.
-        {kDmx1, "abc", "7"}, {kDmx2, "abc", "0"}, {kKey, "abc", "7"}, {kHigh, "abc", "0"},
-        {kDmx2, "40000", "7"},
+        {kDmx1, "abc", "7"}, {kDmx2, "abc", "0"}, {kHigh, "abc", "0"}, {kDmx2, "40000", "7"},
         // Committed at once, as the cell stands (null typed).
         {kDmx2, nullptr, "0", ""}, {kDmx1, nullptr, "", ""}, {kLocate, nullptr, "-1", "-1"},
         // Free text is stored as typed.
-        {kLabel, "  a b  ", "  a b  "}, {kLabel, "3.50", "3.50"}, {kComment, "", ""},
-        {kComment, nullptr, "x", "x"}, {kComment, "40000", "40000"},
-        // A choice column stores only a picked item.
-        {6, "1> A (left)", "61", "61"}, {6, "61> B (right)", "", ""}, {4, nullptr, "E>", "E>"}, {4, "x", "E>", "E>", 2},
+        {kLabel, "  a b  ", "  a b  "}, {kComment, "", ""}, {kComment, "40000", "40000"},
+        // A choice column stores only a picked item; typing after the pick undoes it.
+        {6, "1> A (left)", "61", "61"}, {4, nullptr, "E>", "E>"}, {4, "x", "E>", "E>", 2},
         {6, "", "61> B (right)", "1", 1}, {3, "", "INDEXED LTP (not fadeable, such as gobo)", "", 2},
         {4, "", "0> ---OTHER", "E>", 22}, {8, "", "4 - FD Square", "1", 3},
         {9, "", "C - inverted", "N", 1}};
@@ -62,23 +63,32 @@ void TestChannels::entry() {
     QFETCH(int, pick);
     QFETCH(QString, typed);
     QFETCH(QString, expected);
-    form().table.setTextMatrix(1, col, old);
-    openCell(1, col);
-    QCOMPARE(form().editcombo.Text(), old);
-    if (pick >= 0) PickItem(form().editcombo, pick);
-    // Into a choice list the text is typed onto the old one.
+    MainForm& f = form();
+    f.table.setTextMatrix(1, col, old);
+    ClickCell(f.table, 1, col);
+    TypeKeys("9");
+    QVERIFY(f.editframe.Visible());
+    QTRY_VERIFY(HasFocus(f.editcombo));
+    QCOMPARE(f.editcombo.Text(), old);
+    if (pick >= 0) PickItem(f.editcombo, pick);
+    // Into a choice list the text is typed onto the old one or the picked item.
     if (pick >= 0 || typed.isNull() || channels::EditClassOfColumn(col) == channels::kChoice)
-        TypeText(form().editcombo, typed);
+        TypeKeys(typed);
     else
         replaceEntry(typed);
-    PressKey(form().editcombo, Qt::Key_Return);
-    QCOMPARE(form().table.TextMatrix(1, col), expected);
-    QVERIFY(!form().editframe.Visible());
-    QCOMPARE(form().editframe.Tag(), "0");
-    QCOMPARE(form().errormessage[2].Caption(), QString());
+    PressKey(Qt::Key_Return);
+    QCOMPARE(f.table.TextMatrix(1, col), expected);
+    QVERIFY(!f.editframe.Visible());
+    QCOMPARE(f.editframe.Tag(), "0");
+    QVERIFY(HasFocus(f.table));
+    // The next key on the grid opens the editor again.
+    TypeKeys("x");
+    QVERIFY(f.editframe.Visible());
+    QTRY_VERIFY(HasFocus(f.editcombo));
+    PressKey(Qt::Key_Return);
 }
 
-void TestChannels::frameAndKeys() {
+void TestChannels::frame() {
     MainForm& f = form();
     Click(f.add);
     for (const int col : {4, 5, 14}) {
@@ -92,47 +102,50 @@ void TestChannels::frameAndKeys() {
         QCOMPARE(f.editframe.Top(), f.table.Top() + f.table.RowPos(2));
         QCOMPARE(f.editframe.Tag(), QString::number(2 * 15 + col));
         QCOMPARE(f.editcombo.Text(), "old");
-        QTRY_VERIFY(HasFocus(f.editcombo));
     }
-    // By keys alone: a key on the grid opens the editor, but is not typed into it.
-    PressKey(f.editcombo, Qt::Key_Return);
-    ClickCell(f.table, 1, kRatio);
-    PressKey(f.table, Qt::Key_5);
-    QVERIFY(f.editframe.Visible());
-    QCOMPARE(f.editcombo.Text(), "");
-    TypeText(f.editcombo, "42");
-    PressKey(f.editcombo, Qt::Key_Return);
-    QCOMPARE(f.table.TextMatrix(1, kRatio), "42");
-    QVERIFY(!f.editframe.Visible());
-    QVERIFY(HasFocus(f.table));
 }
 
-void TestChannels::clickElsewhereCommitsFirstCellOnly() {
+// Every click on the grid commits the open edit into its own cell and closes the preset
+// panel: on a cell, a head, a mark or the empty area. Only a click on a cell moves the
+// current cell; a double click on the empty area opens the editor on the current cell.
+void TestChannels::clickCommits_data() {
+    QTest::addColumn<QString>("where");
+    QTest::addColumn<bool>("open");  // the editor is open again afterwards
+    for (const char* where : {"cell", "head", "corner", "mark", "empty area"})
+        QTest::newRow(where) << where << false;
+    QTest::newRow("double click on a cell") << "double click on a cell" << true;
+    QTest::newRow("double click on the empty area") << "double click on the empty area" << true;
+}
+
+void TestChannels::clickCommits() {
+    QFETCH(QString, where);
+    QFETCH(bool, open);
     MainForm& f = form();
-    openCell(1, kLabel);
+    Click(f.add);
+    openCell(2, kLabel);
     replaceEntry("abc");
-    ClickCell(f.table, 1, kComment);
-    QCOMPARE(f.table.TextMatrix(1, kLabel), "abc");
-    QCOMPARE(f.table.TextMatrix(1, kComment), "");
-    QVERIFY(!f.editframe.Visible());
-
-    // A double click commits the open edit, then opens on the new cell.
-    openCell(1, kLabel);
-    replaceEntry("def");
-    openCell(1, kComment);
-    QCOMPARE(f.table.TextMatrix(1, kLabel), "def");
-    QCOMPARE(f.table.TextMatrix(1, kComment), "");
-    QCOMPARE(f.editframe.Tag(), QString::number(1 * 15 + kComment));
-
-    // With no edit open, a click closes the preset panel and changes no cell, whatever the
-    // edit box still holds.
-    PressKey(f.editcombo, Qt::Key_Return);
-    f.editcombo.setText(QStringLiteral("5"));
     Click(f.adddef);
+    const int to = where.contains(u"cell") ? kComment : kLabel;
+    if (where == u"cell") ClickCell(f.table, 1, kComment);
+    if (where == u"head") ClickHead(f.table, kComment);
+    if (where == u"corner") ClickHead(f.table, 0);
+    if (where == u"mark") ClickMark(f.table, 1);
+    if (where == u"empty area") ClickEmptyArea(f.table);
+    if (where == u"double click on a cell") openCell(1, kComment);
+    if (where == u"double click on the empty area") DoubleClickEmptyArea(f.table);
+    QCOMPARE(f.table.TextMatrix(2, kLabel), "abc");
+    QCOMPARE(f.table.TextMatrix(1, kComment), "");
+    QCOMPARE(f.table.Col(), to);
+    QCOMPARE(f.table.Row(), to == kLabel ? 2 : 1);
+    QVERIFY(!f.defaultsframe.Visible());
+    QCOMPARE(f.editframe.Visible(), open);
+    if (open) QCOMPARE(f.editframe.Tag(), QString::number(f.table.Row() * 15 + to));
+
+    // With no edit open, a click changes no cell, whatever the edit box still holds.
+    if (open) PressKey(Qt::Key_Return);
+    f.editcombo.setText(QStringLiteral("5"));
     const QStringList before = bodyRows();
     ClickCell(f.table, 1, kDmx1);
-    QVERIFY(!f.defaultsframe.Visible());
-    QVERIFY(!f.editframe.Visible());
     QCOMPARE(bodyRows(), before);
 }
 
@@ -148,12 +161,6 @@ void TestChannels::nextCommitsPreviousDoesNot() {
     QCOMPARE(f.CurrentStep, std::int16_t(2));
     QCOMPARE(f.table.TextMatrix(1, kComment), "later");
     QVERIFY(!f.editframe.Visible());
-
-    openCell(1, kLabel);
-    replaceEntry("now");
-    Click(f.nexts);
-    QCOMPARE(f.CurrentStep, std::int16_t(3));
-    QCOMPARE(f.table.TextMatrix(1, kLabel), "now");
 }
 
 void TestChannels::randomEntriesStayInBounds() {

@@ -39,9 +39,10 @@ void TestChannels::openCell(int row, int col) {
 }
 
 void TestChannels::replaceEntry(const QString& text) {
-    gui::testing::PressKey(form().editcombo, Qt::Key_A, Qt::ControlModifier);
-    if (text.isEmpty()) gui::testing::PressKey(form().editcombo, Qt::Key_Delete);
-    gui::testing::TypeText(form().editcombo, text);
+    QTRY_VERIFY(gui::testing::HasFocus(form().editcombo));
+    gui::testing::PressKey(Qt::Key_A, Qt::ControlModifier);
+    gui::testing::PressKey(Qt::Key_Delete);
+    gui::testing::TypeKeys(text);
 }
 
 RIGWRIGHT_TEST_MAIN(TestChannels)

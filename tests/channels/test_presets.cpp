@@ -13,26 +13,17 @@ void TestChannels::preset_data() {
 
     // Each row from dmx1 to label, then locate, highlight and lowlight. Every preset has
     // curve 1, inv N, ratio 100 and the comment "default"; F, H and I stand for the
-    // channel types. One of each kind of row, and every row whose values stand out.
+    // channel types.
     const struct {
         int index;
         const char* name;
         QStringList tails;
     } presets[] = {{0, "pan", {"1;0;F;E>;3;61;Pan;128;0;0"}},
-                   {1, "pan16", {"1;2;F;E>;3;61;Pan;128;0;0"}},
-                   {4, "colour", {"1;0;I;A>;4;1;Color1;0;0;0"}},
                    {6,
                     "CMY",
                     {"1;0;F;B>;10;1;Cyan;0;0;255", "2;0;F;C>;10;61;Magenta;0;0;255",
                      "3;0;F;D>;9;61;Yellow;0;255;51"}},
-                   {7,
-                    "RGB",
-                    {"1;0;F;T>;10;1;Red;255;255;0", "2;0;F;U>;10;61;Green;255;255;0",
-                     "3;0;F;V>;9;61;Blue;255;0;229"}},
-                   {9, "iris", {"1;0;F;G>;2;1;Iris;255;0;0"}},
-                   {11, "zoom", {"1;0;F;Q>;5;1;Zoom;127;0;0"}},
                    {12, "dimmer", {"1;0;H;H>;1;1;Dimmer;128;0;0"}},
-                   {19, "effect", {"1;0;F;0>;19;61;Effect...;0;0;0"}},
                    {24, "macro", {"1;0;I;0>;8;1;Macro;0;0;0"}}};
     const QHash<QString, QString> types = {{"F", "FADEABLE LTP"},
                                            {"H", "HTP (usually dimmer)"},
@@ -68,9 +59,17 @@ void TestChannels::presetOffsets_data() {
     QTest::newRow("16 bits take two, then one each")
         << QStringList{";0"} << QList<int>{1, 0, 0} << QStringList{"1;2", "3;0", "4;0"};
     QTest::newRow("CMY") << QStringList{"4;0"} << QList<int>{6} << QStringList{"5;0", "6;0", "7;0"};
-    QTest::newRow("past 511") << QStringList{"511;0"} << QList<int>{0} << QStringList{"512;0"};
     QTest::newRow("16 bits past 511")
         << QStringList{"511;0"} << QList<int>{1} << QStringList{"512;513"};
+    // Every offset a preset takes, a 16-bit low byte too, is a 16-bit value of its own.
+    QTest::newRow("last offset") << QStringList{"32766;0"} << QList<int>{0, 0, 1, 6}
+                                 << QStringList{"32767;0"};
+    QTest::newRow("16 bits at the last offset")
+        << QStringList{"32765;0"} << QList<int>{1, 1} << QStringList{"32766;32767"};
+    QTest::newRow("three rows or none")
+        << QStringList{"32765;0"} << QList<int>{7, 6} << QStringList{};
+    QTest::newRow("three rows up to the last offset")
+        << QStringList{"32764;0"} << QList<int>{7} << QStringList{"32765;0", "32766;0", "32767;0"};
     QTest::newRow("index outside")
         << QStringList{";0"} << QList<int>{-1, 25, 32767} << QStringList{};
 }

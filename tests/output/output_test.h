@@ -34,6 +34,7 @@ class TestOutput : public FormFixture {
     void wholeFile();
     void proposedNameAndCancel_data();
     void proposedNameAndCancel();
+    void dialogRefusesMissingFolder();
     void secondSaveReplacesFirst();
     void failureKeepsOldFile_data();
     void failureKeepsOldFile();

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
@@ -14,6 +15,7 @@
 
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -86,6 +88,10 @@ void TestOutput::proposedNameAndCancel_data() {
     QTest::newRow("empty") << QString() << QStringLiteral("MyFixture.R20");
     QTest::newRow("blanks only") << QStringLiteral("   ") << QStringLiteral("MyFixture.R20");
     QTest::newRow("leading blank kept") << QStringLiteral(" A") << QStringLiteral(" A.R20");
+    // Blanks are spaces: tabs and no-break spaces are a name.
+    QTest::newRow("tab") << QStringLiteral(" \t ") << QStringLiteral(" \t .R20");
+    QTest::newRow("no-break spaces")
+        << QStringLiteral("\u00a0\u00a0") << QStringLiteral("\u00a0\u00a0.R20");
     QTest::newRow("name") << QStringLiteral("BEAM575") << QStringLiteral("BEAM575.R20");
 }
 
@@ -120,6 +126,37 @@ void TestOutput::proposedNameAndCancel() {
     QCOMPARE(ReadBytes(existing), kOldBytes);
 }
 
+// The real dialog, driven by keys: a name in a folder that does not exist is refused with a
+// word why, and the dialog stays open until the user cancels it.
+void TestOutput::dialogRefusesMissingFolder() {
+    using namespace gui::testing;
+    QTemporaryDir dir;
+    const QString missing = dir.filePath(QStringLiteral("missing/BEAM575.R20"));
+    QStringList seen;  // what the active dialog showed, in turn
+    gui::seams::RunRealSaveDialog();
+    QTimer::singleShot(0, [&] {
+        seen << CaptionOf(ActiveDialog());
+        PressKey(Qt::Key_A, Qt::ControlModifier);
+        TypeKeys(missing);
+        QTimer::singleShot(0, [&] {
+            seen << CaptionOf(ActiveDialog());
+            PressKey(Qt::Key_Return);
+        });
+        PressKey(Qt::Key_Return);
+        seen << CaptionOf(ActiveDialog());
+        PressKey(Qt::Key_Escape);
+    });
+    finished_Click(form());
+    QCOMPARE(seen.size(), 3);
+    QCOMPARE(seen[0], kCaption);
+    QVERIFY2(seen[1].contains(QDir::toNativeSeparators(missing)) &&
+                 seen[1].contains(QStringLiteral("does not exist")),
+             qPrintable(seen[1]));
+    QCOMPARE(seen[2], kCaption);
+    QVERIFY(gui::seams::MsgBoxCalls().empty());  // cancelled in the end: nothing is said
+    QCOMPARE(EntriesOf(dir.path()), QStringList());
+}
+
 void TestOutput::secondSaveReplacesFirst() {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("BEAM575.R20"));
@@ -142,7 +179,7 @@ void TestOutput::secondSaveReplacesFirst() {
 void TestOutput::failureKeepsOldFile_data() {
     QTest::addColumn<QString>("where");
     for (const char* where : {"missing folder", "read-only folder", "folder without execute right",
-                              "target is a folder", "full device", "size limit"})
+                              "target is a folder", "full device", "named pipe", "size limit"})
         QTest::newRow(where) << where;
 }
 
@@ -180,6 +217,13 @@ void TestOutput::failureKeepsOldFile() {
     } else if (where == u"target is a folder") {
         QVERIFY(QDir(folder).mkdir(QStringLiteral("BEAM575.R20")));
         oldFile = path + QStringLiteral("/inside.R20");
+    } else if (where == u"named pipe") {
+#ifdef Q_OS_UNIX
+        // Nothing reads the pipe: a write into it would wait for ever.
+        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+#else
+        QSKIP("No named pipes on this system");
+#endif
     } else if (where == u"full device") {
         if (!QFileInfo::exists(QStringLiteral("/dev/full"))) QSKIP("No /dev/full on this system");
         folder = QStringLiteral("/dev");

@@ -41,10 +41,4 @@ void EditCell(MainForm& f, int row, int col, const QString& text) {
     range_Click(f);
 }
 
-void TestRanges::init() {
-    FormFixture::init();
-    // Idempotent, so it does no harm where the form's wiring installs it already.
-    WireAutoSplitKeys(form());
-}
-
 RIGWRIGHT_TEST_MAIN(TestRanges)

@@ -26,7 +26,6 @@ inline const QStringList kThree = {"1|0|9|A", "M|10|19|L", "#|20|255|C"};
 class TestRanges : public FormFixture {
     Q_OBJECT
   private slots:
-    void init();
 
     // Editor and commit.
     void commit_data();
@@ -39,6 +38,8 @@ class TestRanges : public FormFixture {
     void operation();
     void mergeByDraggingRows();
     void splitDialog();
+    void splitDialogKeys_data();
+    void splitDialogKeys();
     void randomOperationsKeepTiling();
 
     // Bars.
