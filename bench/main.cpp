@@ -1,15 +1,14 @@
-// rigwright-bench: measures the wizard's work against a floor taken in the same run and
-// prints one row per target. Run headless: QT_QPA_PLATFORM=offscreen.
+// rigwright-bench: measures what a person feels, each figure against its target, and prints
+// one row per target. Run headless: QT_QPA_PLATFORM=offscreen. With DISPLAY set it also
+// times the start to a visible window on that display.
 #include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
-#include <QSaveFile>
 #include <QTemporaryDir>
 #include <cstdio>
-
 #include <vector>
+
+#include "channels/cell_editor.h"
 #include "channels/channel_table.h"
 #include "channels/presets.h"
 #include "gui/application.h"
@@ -26,60 +25,57 @@
 
 namespace {
 
-const QString kPanRow =
-    QStringLiteral("#\t1\t0\tFADEABLE LTP\tE>\t3\t61\tPan\t1\tN\t100\t128\t0\t0\tdefault");
+constexpr int kFixtureRows = 512;  // the most channels a DMX fixture has
+constexpr int kRepeats = 11;
 
-// Fills the channel grid up to `channelRows` rows with distinct offsets.
-void FillTable(MainForm& f, int channelRows) {
+// The rows that the 25 presets write, pressed once each and taken out again.
+std::vector<QStringList> PresetRows(MainForm& f) {
     gui::Grid& t = f.table;
-    while (t.Rows() - 1 < channelRows) {
-        const int offset = t.Rows();
-        QString row = kPanRow;
-        row.replace(QStringLiteral("#\t1\t"), QStringLiteral("#\t%1\t").arg(offset));
-        t.AddItem(row);
-    }
-    while (t.Rows() - 1 > channelRows) t.RemoveItem(t.Rows() - 1);
-}
-
-// Fills the channel grid as a technician pressing the 25 presets in turn would, up to
-// `channelRows` rows, each row at the next offset: rows that differ in type, label, key and
-// bounds from one to the next.
-void FillWithPresets(MainForm& f, int channelRows) {
-    gui::Grid& t = f.table;
-    const int first = t.Rows();
+    const int before = t.Rows();
     for (int i = 0; i < 25; ++i) Command6_Click(f, static_cast<std::int16_t>(i));
-    std::vector<QStringList> pressed;
-    for (int r = first; r < t.Rows(); ++r) {
+    std::vector<QStringList> rows;
+    for (int r = before; r < t.Rows(); ++r) {
         QStringList cells;
         for (int c = 0; c < t.Cols(); ++c) cells.append(t.TextMatrix(r, c));
-        pressed.push_back(cells);
+        rows.push_back(cells);
     }
-    while (t.Rows() > 2) t.RemoveItem(t.Rows() - 1);
-    t.RemoveItem(1);
-    int offset = 1;
-    for (size_t i = 0; t.Rows() - 1 < channelRows; ++i) {
-        QStringList cells = pressed[i % pressed.size()];
+    while (t.Rows() > before) t.RemoveItem(t.Rows() - 1);
+    return rows;
+}
+
+// Brings the channel grid to `channelRows` rows: the presets in turn, as a technician
+// pressing them would, each row at offsets of its own.
+void SetChannelRows(MainForm& f, int channelRows) {
+    static const std::vector<QStringList> presets = PresetRows(f);
+    gui::Grid& t = f.table;
+    while (t.Rows() - 1 > channelRows) t.RemoveItem(t.Rows() - 1);
+    while (t.Rows() - 1 < channelRows) {
+        QStringList cells = presets[static_cast<std::size_t>(t.Rows()) % presets.size()];
         const bool wide = cells[2] != u"0";
-        cells[1] = QString::number(offset);
-        if (wide) cells[2] = QString::number(offset + 1);
-        offset += wide ? 2 : 1;
+        cells[1] = QString::number(2 * t.Rows());
+        if (wide) cells[2] = QString::number(2 * t.Rows() + 1);
         t.AddItem(cells.join(u'\t'));
     }
 }
 
+// What follows an action before a person sees its result: the posted events handled and
+// the whole window painted anew (more than the changed parts a real update repaints).
+void ShowResult(MainForm& f) {
+    QCoreApplication::sendPostedEvents();
+    gui::testing::PaintNow(f.main);
+}
+
 // Child process: one start of the form (or of the bare floor window); prints
-// "<milliseconds> <resident MiB after start> <resident MiB at full table>".
+// "<milliseconds> <resident MiB after start> <resident MiB at a full table>".
 int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
     // From before the application object: what the program sets up there counts too.
     QElapsedTimer timer;
     timer.start();
-    double full = -1;
     if (bare) {
         gui::testing::BareWindow::Application app(argc, argv);
         gui::testing::BareWindow window(QString::fromLatin1(arg).split(u','));
         window.PaintNow();
-        const double ms = timer.nsecsElapsed() / 1e6;
-        std::printf("%f %f %f\n", ms, bench::ResidentMiB(), full);
+        std::printf("%f %f -1\n", timer.nsecsElapsed() / 1e6, bench::ResidentMiB());
         return 0;
     }
     gui::Application app(argc, argv);
@@ -93,175 +89,198 @@ int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
         std::printf("kinds %s\n", qPrintable(gui::testing::ControlKinds(form.main).join(u',')));
         return 0;
     }
-    FillTable(form, channels::kMaxChannelRows);
-    full = bench::ResidentMiB();
-    std::printf("%f %f %f\n", ms, afterStart, full);
+    SetChannelRows(form, channels::kMaxChannelRows);
+    std::printf("%f %f %f\n", ms, afterStart, bench::ResidentMiB());
     return 0;
 }
 
-struct StartFigures {
-    double ms, mib, fullMib;
-};
+// Child process on a real display: shows the form (or the bare window) and says "shown" once
+// it has painted itself.
+int VisibleChild(int argc, char** argv, bool bare, const QByteArray& kinds) {
+    auto said = [] {
+        std::printf("shown\n");
+        std::fflush(stdout);
+        return 0;
+    };
+    if (bare) {
+        gui::testing::BareWindow::Application app(argc, argv);
+        gui::testing::BareWindow window(QString::fromLatin1(kinds).split(u','));
+        window.WaitUntilPainted();
+        return said();
+    }
+    gui::Application app(argc, argv);
+    MainForm form;
+    StartWizard(form);
+    gui::testing::WaitUntilPainted(form.main);
+    return said();
+}
 
-StartFigures StartOnce(const QString& self, const QStringList& args) {
+QList<QByteArray> RunChild(const QString& self, const QStringList& args) {
     QProcess p;
     p.start(self, args);
     p.waitForFinished(60000);
-    const QList<QByteArray> f = p.readAllStandardOutput().trimmed().split(' ');
-    if (f.size() < 3) return {-1, -1, -1};
-    return {f[0].toDouble(), f[1].toDouble(), f[2].toDouble()};
+    return p.readAllStandardOutput().trimmed().split(' ');
 }
 
-// Starts of the form and of its floor in turn, each in a process of its own; the medians.
-std::pair<StartFigures, StartFigures> RunStarts(const QString& self, const QStringList& form,
-                                                const QStringList& bare, int repeats) {
-    std::vector<double> ms[2], mib[2], full[2];
-    for (int i = 0; i < repeats; ++i) {
-        int side = 0;
-        for (const QStringList* args : {&form, &bare}) {
-            const StartFigures one = StartOnce(self, *args);
-            if (one.ms >= 0) {
-                ms[side].push_back(one.ms);
-                mib[side].push_back(one.mib);
-                full[side].push_back(one.fullMib);
-            }
-            ++side;
-        }
-    }
-    auto median = [&](int side) {
-        return StartFigures{bench::Median(ms[side]), bench::Median(mib[side]),
-                            bench::Median(full[side])};
-    };
-    return {median(0), median(1)};
-}
-
-QString KindsOfForm(const QString& self) {
+// Milliseconds from starting the program to its "shown", on the display of DISPLAY.
+double VisibleOnce(const QString& self, const QStringList& args) {
     QProcess p;
-    p.start(self, {QStringLiteral("--start-form"), QStringLiteral("kinds")});
-    p.waitForFinished(60000);
-    for (const QByteArray& line : p.readAllStandardOutput().split('\n'))
-        if (line.startsWith("kinds ")) return QString::fromLatin1(line.mid(6));
-    return {};
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    p.setProcessEnvironment(env);
+    QElapsedTimer timer;
+    timer.start();
+    p.start(self, args);
+    while (!p.canReadLine() && p.waitForReadyRead(30000)) {
+    }
+    const double ms = p.readLine().startsWith("shown") ? timer.nsecsElapsed() / 1e6 : -1;
+    p.waitForFinished(30000);
+    return ms;
 }
 
-struct SaveFigures {
-    double save, flushed, bare, safe;
-    qsizetype bytes;
+void StartRows(std::vector<bench::Row>& rows, const QString& self) {
+    const QByteArray kindsLine = RunChild(self, {"--start-form", "kinds"}).value(1);
+    const QString kinds = QString::fromLatin1(kindsLine);
+    // The form and its floor in turn, each start in a process of its own; the medians.
+    std::vector<double> ms[2], mib[2], full;
+    for (int i = 0; i < 21; ++i) {
+        const QList<QByteArray> form = RunChild(self, {"--start-form", "full"});
+        const QList<QByteArray> bare = RunChild(self, {"--start-bare", kinds});
+        if (form.size() < 3 || bare.size() < 3) continue;
+        ms[0].push_back(form[0].toDouble());
+        mib[0].push_back(form[1].toDouble());
+        full.push_back(form[2].toDouble() - form[1].toDouble());
+        ms[1].push_back(bare[0].toDouble());
+        mib[1].push_back(bare[1].toDouble());
+    }
+    const QString widgets = QStringLiteral(" (%1 widgets)").arg(kinds.count(u',') + 1);
+    rows.push_back({"start: application, form, Form_Load, first paint" + widgets,
+                    bench::Median(ms[0]), "ms", bench::Median(ms[1]), 1.5, 0});
+    rows.push_back({"resident memory after start", bench::Median(mib[0]), "MiB",
+                    bench::Median(mib[1]), 1.2, 0});
+    rows.push_back({"memory added by 32,767 channel rows", bench::Median(full), "MiB", 0, 0, 30});
+
+    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+        rows.push_back(
+            {"start to a visible window under X11: skipped, DISPLAY is not set", 0, "", 0, 0, 0});
+        return;
+    }
+    std::vector<double> shown[2];
+    for (int i = 0; i < 11; ++i) {
+        const double form = VisibleOnce(self, {"--visible-form", "-"});
+        const double bare = VisibleOnce(self, {"--visible-bare", kinds});
+        if (form < 0 || bare < 0) continue;
+        shown[0].push_back(form);
+        shown[1].push_back(bare);
+    }
+    rows.push_back({"start to a visible window under X11" + widgets, bench::Median(shown[0]), "ms",
+                    bench::Median(shown[1]), 1.2, 0});
+}
+
+// One action as a person sees it: `prepare` sets the scene untimed, then `run` and the
+// window painted anew are timed together.
+struct Action {
+    QString work;
+    std::function<void()> prepare;
+    std::function<void()> run;
 };
 
-// The save puts the file safely on the disk: a temporary file, flushed, then moved over the
-// old one. Its floor is one fwrite of the same bytes, flushed to the disk as well; the bare
-// fwrite and the safe write in one piece are measured beside it.
-SaveFigures MeasureSave(MainForm& f, const QTemporaryDir& dir) {
+double TimeAction(MainForm& f, const Action& action) {
+    const auto seen = [&] {
+        action.run();
+        ShowResult(f);
+    };
+    return bench::MedianMs(kRepeats, seen, action.prepare);
+}
+
+void AddActionRows(std::vector<bench::Row>& rows, MainForm& f, const std::vector<Action>& actions,
+                   double bound) {
+    // For comparison: the paint alone, on the page of the first action, part of every figure.
+    const double paint = TimeAction(f, {{}, actions.front().prepare, [] {}});
+    for (const Action& action : actions)
+        rows.push_back({action.work, TimeAction(f, action), "ms", 0, 0, bound});
+    rows.push_back({QStringLiteral("  of which the window painted anew"), paint, "ms", 0, 0, 0});
+}
+
+// Every action on the channel page at `channelRows` rows.
+void ChannelActionRows(std::vector<bench::Row>& rows, MainForm& f, int channelRows, double bound) {
+    const QString at = QStringLiteral(" at %L1 rows").arg(channelRows);
+    // A preset or a new row makes the table `channelRows` long; the others find it so.
+    const auto oneShort = [&] { SetChannelRows(f, channelRows - 1); };
+    const auto full = [&] {
+        SetChannelRows(f, channelRows);
+        f.table.setRow(channelRows / 2);
+    };
+    const auto editOpen = [&] {
+        full();
+        f.table.setCol(7);
+        table_DblClick(f);
+        f.editcombo.setText(QStringLiteral("Gobo 2"));
+    };
+    const auto onChannelPage = [&] {
+        f.CurrentStep = 2;
+        ShowStep(f);
+    };
+    QTemporaryDir dir;
     const QString target = dir.filePath(QStringLiteral("BIG.R20"));
-    auto save = [&] { finished_Click(f); };
-    auto answers = [&] {
+    const auto answersQueued = [&] {
         gui::seams::QueueSaveAnswer(target);
         gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
     };
-    answers();
-    save();  // the bytes the floors write
-    QFile written(target);
-    written.open(QIODevice::ReadOnly);
-    const QByteArray bytes = written.readAll();
-    const QByteArray floorPath = dir.filePath(QStringLiteral("floor.R20")).toLocal8Bit();
-    auto fwriteOnce = [&](bool flushed) {
-        FILE* out = std::fopen(floorPath.constData(), "wb");
-        std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), out);
-        if (flushed) bench::FlushToDisk(out);
-        std::fclose(out);
-    };
-    const QString safePath = dir.filePath(QStringLiteral("safe.R20"));
-    auto safeWrite = [&] {
-        QSaveFile out(safePath);
-        out.open(QIODevice::WriteOnly);
-        out.write(bytes);
-        out.commit();
-    };
-    const std::vector<double> ms = bench::MediansInTurn(
-        15,
-        {{save, answers}, {[&] { fwriteOnce(true); }}, {[&] { fwriteOnce(false); }}, {safeWrite}});
-    return {ms[0], ms[1], ms[2], ms[3], bytes.size()};
+    onChannelPage();
+    AddActionRows(
+        rows, f,
+        {{"preset pressed" + at, oneShort, [&] { Command6_Click(f, 0); }},
+         {"row added" + at, oneShort, [&] { add_Click(f); }},
+         {"row deleted" + at, full, [&] { delete_Click(f); }},
+         {"cell edit committed" + at, editOpen, [&] { table_Click(f); }},
+         {"file saved" + at, answersQueued, [&] { finished_Click(f); }},
+         {"page changed to the finish page" + at, onChannelPage, [&] { nexts_Click(f); }}},
+        bound);
 }
 
-void AddSaveRows(std::vector<bench::Row>& rows, const SaveFigures& s, const QString& work) {
-    const QString ms = QStringLiteral("ms");
-    rows.push_back(
-        {QStringLiteral("%1 (%2 bytes)").arg(work).arg(s.bytes), s.save, ms, s.flushed, 2.0, 200});
-    rows.push_back({QStringLiteral("  the same, against one bare fwrite, not flushed"), s.save, ms,
-                    s.bare, 0, 0});
-    rows.push_back({QStringLiteral("  the same, against one safe write of the bytes"), s.save, ms,
-                    s.safe, 0, 0});
+void SplitRows(std::vector<bench::Row>& rows, MainForm& f) {
+    f.CurrentStep = 6;
+    ShowStep(f);
+    const auto oneRangeMarked = [&] {
+        rclear_Click(f);
+        f.range.setRow(1);
+        Command2_Click(f);
+        f.arno.setText(QStringLiteral("256"));
+    };
+    AddActionRows(rows, f,
+                  {{"auto split 0..255 into 256 ranges, bars included", oneRangeMarked,
+                    [&] { rgo_Click(f); }}},
+                  16);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc >= 3 && QByteArray(argv[1]) == "--start-form")
-        return StartChild(argc, argv, false, QByteArray(argv[2]));
-    if (argc >= 3 && QByteArray(argv[1]) == "--start-bare")
-        return StartChild(argc, argv, true, QByteArray(argv[2]));
+    if (argc >= 3) {
+        const QByteArray mode = argv[1];
+        if (mode == "--start-form" || mode == "--start-bare")
+            return StartChild(argc, argv, mode == "--start-bare", argv[2]);
+        if (mode == "--visible-form" || mode == "--visible-bare")
+            return VisibleChild(argc, argv, mode == "--visible-bare", argv[2]);
+    }
 
     gui::Application app(argc, argv);
-    const QString self = QCoreApplication::applicationFilePath();
     std::vector<bench::Row> rows;
-
-    // Start and memory, each start in a process of its own.
-    const QString kinds = KindsOfForm(self);
-    const auto [form, bare] =
-        RunStarts(self, {QStringLiteral("--start-form"), QStringLiteral("full")},
-                  {QStringLiteral("--start-bare"), kinds}, 21);
-    rows.push_back({QStringLiteral("start: application, form, Form_Load, first paint (%1)")
-                        .arg(kinds.count(u',') + 1),
-                    form.ms, QStringLiteral("ms"), bare.ms, 1.5, 0});
-    rows.push_back({QStringLiteral("resident memory after start"), form.mib, QStringLiteral("MiB"),
-                    bare.mib, 1.2, 0});
-    rows.push_back({QStringLiteral("memory added by 32,767 channel rows"), form.fullMib - form.mib,
-                    QStringLiteral("MiB"), 0, 0, 30});
+    StartRows(rows, QCoreApplication::applicationFilePath());
 
     gui::seams::Reset();
     MainForm f;
     StartWizard(f);
-
-    // Saving a full table: rows that repeat but for their offsets, then the presets in turn.
-    QTemporaryDir dir;
-    FillTable(f, channels::kMaxChannelRows);
-    AddSaveRows(rows, MeasureSave(f, dir), QStringLiteral("save 32,767 rows"));
-    {
-        MainForm presets;
-        StartWizard(presets);
-        FillWithPresets(presets, channels::kMaxChannelRows);
-        AddSaveRows(rows, MeasureSave(presets, dir),
-                    QStringLiteral("save 32,767 rows of the presets in turn"));
-    }
-
-    // NextFreeDmx over the full table.
-    volatile int sink = 0;
-    const double next = bench::MedianMs(21, [&] { sink = sink + NextFreeDmx(f); });
-    rows.push_back(
-        {QStringLiteral("NextFreeDmx at 32,767 rows"), next, QStringLiteral("ms"), 0, 0, 5});
-
-    // One preset added to a table of 32,766 rows.
-    FillTable(f, channels::kMaxChannelRows - 1);
-    const double preset = bench::MedianMs(
-        21, [&] { Command6_Click(f, 0); }, [&] { FillTable(f, channels::kMaxChannelRows - 1); });
-    rows.push_back(
-        {QStringLiteral("preset added to 32,766 rows"), preset, QStringLiteral("ms"), 0, 0, 5});
-
-    // Auto split of 0..255 into 256 ranges, bars included, on the page on show.
-    f.CurrentStep = 6;
-    ShowStep(f);
-    const double split = bench::MedianMs(
-        11, [&] { rgo_Click(f); },
-        [&] {
-            rclear_Click(f);
-            f.range.setRow(1);
-            Command2_Click(f);
-            f.arno.setText(QStringLiteral("256"));
-        });
-    rows.push_back({QStringLiteral("auto split 0..255 into 256 with the bars (%1 rows)")
-                        .arg(f.range.Rows() - 1),
-                    split, QStringLiteral("ms"), 0, 0, 50});
+    // General data that lets the advice on the finish page go on to the channels.
+    f.manifacturer.setText(QStringLiteral("Lumenfab"));
+    f.model.setText(QStringLiteral("Beam 575"));
+    f.nameondesk.setText(QStringLiteral("BEAM575"));
+    f.movinghead.setValue(true);
+    for (const auto& [channelRows, bound] :
+         {std::pair{kFixtureRows, 16.0}, std::pair{channels::kMaxChannelRows, 100.0}})
+        ChannelActionRows(rows, f, channelRows, bound);
+    SplitRows(rows, f);
 
     bench::Print(rows);
     return 0;

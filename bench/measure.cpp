@@ -31,22 +31,6 @@ double MedianMs(int repeats, const std::function<void()>& work,
     return Median(times);
 }
 
-std::vector<double> MediansInTurn(int repeats, const std::vector<Work>& works) {
-    std::vector<std::vector<double>> times(works.size());
-    for (int i = 0; i < repeats; ++i) {
-        for (std::size_t w = 0; w < works.size(); ++w) {
-            if (works[w].prepare) works[w].prepare();
-            QElapsedTimer timer;
-            timer.start();
-            works[w].run();
-            times[w].push_back(timer.nsecsElapsed() / 1e6);
-        }
-    }
-    std::vector<double> medians;
-    for (std::vector<double>& t : times) medians.push_back(Median(std::move(t)));
-    return medians;
-}
-
 double ResidentMiB() {
 #ifndef Q_OS_LINUX
     return -1;
@@ -59,15 +43,6 @@ double ResidentMiB() {
 #endif
 }
 
-void FlushToDisk(std::FILE* out) {
-    std::fflush(out);
-#ifdef Q_OS_LINUX
-    fdatasync(fileno(out));
-#elif defined(Q_OS_UNIX)
-    fsync(fileno(out));
-#endif
-}
-
 bool Row::met() const {
     bool ok = true;
     if (maxRatio > 0 && floor > 0) ok = ok && figure <= maxRatio * floor;
@@ -76,7 +51,7 @@ bool Row::met() const {
 }
 
 void Print(const std::vector<Row>& rows) {
-    std::printf("%-52s %12s %12s %8s  %-22s %s\n", "work", "figure", "floor", "ratio", "target",
+    std::printf("%-64s %12s %12s %6s  %-18s %s\n", "work", "figure", "floor", "ratio", "target",
                 "met");
     int targets = 0;
     int failed = 0;
@@ -86,12 +61,14 @@ void Print(const std::vector<Row>& rows) {
         if (r.maxFigure > 0)
             target += (target.isEmpty() ? QString() : QStringLiteral(", ")) +
                       QStringLiteral("< %1 %2").arg(r.maxFigure).arg(r.unit);
+        const QString figure = r.unit.isEmpty() ? QStringLiteral("-")
+                                                : QString::number(r.figure, 'f', 2) + u' ' + r.unit;
         const QString floor =
             r.floor > 0 ? QString::number(r.floor, 'f', 2) + u' ' + r.unit : QStringLiteral("-");
         const QString ratio =
             r.floor > 0 ? QString::number(r.figure / r.floor, 'f', 2) : QStringLiteral("-");
-        std::printf("%-52s %9.2f %-2s %12s %8s  %-22s %s\n", qPrintable(r.work), r.figure,
-                    qPrintable(r.unit), qPrintable(floor), qPrintable(ratio), qPrintable(target),
+        std::printf("%-64s %12s %12s %6s  %-18s %s\n", qPrintable(r.work), qPrintable(figure),
+                    qPrintable(floor), qPrintable(ratio), qPrintable(target),
                     !r.target() ? "-"
                     : r.met()   ? "yes"
                                 : "NO");

@@ -2,7 +2,6 @@
 // Timing and memory readings for the benchmark program.
 
 #include <QString>
-#include <cstdio>
 #include <functional>
 #include <vector>
 
@@ -15,21 +14,8 @@ double MedianMs(int repeats, const std::function<void()>& work,
 
 double Median(std::vector<double> values);
 
-// One piece of work to time, with what must happen before each run, untimed.
-struct Work {
-    std::function<void()> run;
-    std::function<void()> prepare = {};
-};
-
-// Runs the works in turn, `repeats` rounds, so that a figure and its floor meet the machine
-// in the same state; gives the median milliseconds of each work.
-std::vector<double> MediansInTurn(int repeats, const std::vector<Work>& works);
-
 // Resident memory of this process in MiB, or a negative number where it cannot be read.
 double ResidentMiB();
-
-// Hands what `out` holds to the system and waits until it is on the disk.
-void FlushToDisk(std::FILE* out);
 
 // One row of the report: what was measured, the figure, the floor and the target.
 struct Row {

@@ -7,11 +7,11 @@ namespace gui {
 
 GridModel::GridModel(int cols, std::vector<Qt::Alignment> alignments)
     : cols_(cols), alignments_(std::move(alignments)) {
-    cells_.assign(2 * static_cast<std::size_t>(cols), TextPool::kEmpty);
+    cells_.resize(2 * static_cast<std::size_t>(cols));
 }
 
 void GridModel::SetCell(int row, int col, const QString& text) {
-    cells_[Place(row, col)] = texts_.Intern(text);
+    cells_[Place(row, col)] = *texts_.insert(text);
     if (row == 0 && col > 0) {
         emit headerDataChanged(Qt::Horizontal, col - 1, col - 1);
     } else if (col == 0 && row > 0) {
@@ -24,9 +24,9 @@ void GridModel::SetCell(int row, int col, const QString& text) {
 
 void GridModel::InsertRow(int before, std::vector<QString> cells) {
     cells.resize(cols_);
+    for (QString& cell : cells) cell = *texts_.insert(cell);
     beginInsertRows({}, before - 1, before - 1);
-    const auto at = cells_.insert(cells_.begin() + Place(before, 0), cols_, TextPool::kEmpty);
-    for (int c = 0; c < cols_; ++c) at[c] = texts_.Intern(cells[c]);
+    cells_.insert(cells_.begin() + Place(before, 0), cells.begin(), cells.end());
     endInsertRows();
 }
 

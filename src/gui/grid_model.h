@@ -4,10 +4,9 @@
 // on screen while the body scrolls.
 
 #include <QAbstractTableModel>
+#include <QSet>
 #include <QString>
 #include <vector>
-
-#include "gui/text_pool.h"
 
 namespace gui {
 
@@ -18,10 +17,7 @@ class GridModel : public QAbstractTableModel {
     // Whole grid, fixed row and column included.
     int Rows() const { return static_cast<int>(cells_.size() / static_cast<std::size_t>(cols_)); }
     int Cols() const { return cols_; }
-    const QString& Cell(int row, int col) const { return texts_.At(cells_[Place(row, col)]); }
-    // The numbers of a row's texts in the pool, column by column: equal numbers, equal texts.
-    const TextPool::Id* RowIds(int row) const { return &cells_[Place(row, 0)]; }
-    const TextPool& Texts() const { return texts_; }
+    const QString& Cell(int row, int col) const { return cells_[Place(row, col)]; }
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);
@@ -41,10 +37,11 @@ class GridModel : public QAbstractTableModel {
 
     int cols_;
     std::vector<Qt::Alignment> alignments_;
-    // Cell texts repeat a lot (channel types, presets, numbers): a cell names its text in
-    // the pool, row after row in one block.
-    TextPool texts_;
-    std::vector<TextPool::Id> cells_;
+    // The cells row after row, row 0 first.
+    std::vector<QString> cells_;
+    // Every text a cell has held. A cell takes its text from here, so that equal texts share
+    // their characters: a full channel table repeats a few dozen texts half a million times.
+    QSet<QString> texts_;
 };
 
 }  // namespace gui

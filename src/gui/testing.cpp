@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEventLoop>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -323,6 +324,35 @@ void BareWindow::PaintNow() {
     window_->grab();
 }
 
+namespace {
+
+void RunUntilPainted(QWidget* window) {
+    class PaintSeen : public QObject {
+      public:
+        explicit PaintSeen(QEventLoop& loop) : loop_(loop) {}
+        bool eventFilter(QObject*, QEvent* event) override {
+            // Ends the loop once this paint is done.
+            if (event->type() == QEvent::Paint)
+                QMetaObject::invokeMethod(&loop_, &QEventLoop::quit, Qt::QueuedConnection);
+            return false;
+        }
+
+      private:
+        QEventLoop& loop_;
+    };
+    QEventLoop loop;
+    PaintSeen filter(loop);
+    window->installEventFilter(&filter);
+    loop.exec();
+    window->removeEventFilter(&filter);
+}
+
+}  // namespace
+
+void BareWindow::WaitUntilPainted() {
+    RunUntilPainted(window_);
+}
+
 int WidgetCount(Form& form) {
     return 1 + static_cast<int>(form.widget()->findChildren<QWidget*>().size());
 }
@@ -347,6 +377,10 @@ QStringList ControlKinds(Form& form) {
 
 void PaintNow(Control& control) {
     control.widget()->grab();
+}
+
+void WaitUntilPainted(Control& window) {
+    RunUntilPainted(window.widget());
 }
 
 }  // namespace gui::testing

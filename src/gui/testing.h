@@ -93,6 +93,7 @@ class BareWindow {
     BareWindow(const BareWindow&) = delete;
     BareWindow& operator=(const BareWindow&) = delete;
     void PaintNow();
+    void WaitUntilPainted();  // see the free function below
 
   private:
     QWidget* window_;
@@ -101,6 +102,9 @@ class BareWindow {
 int WidgetCount(Form& form);           // the form and everything on it
 QStringList ControlKinds(Form& form);  // the Qt class of each named control on the form
 void PaintNow(Control& control);       // renders it in full at once
+// Runs the event loop until the window has painted itself for the first time: on a real
+// display, the moment a person first sees it.
+void WaitUntilPainted(Control& window);
 
 }  // namespace gui::testing
 

@@ -1,6 +1,6 @@
 #pragma once
-// The columns of the channel grid that reach the file, and the pieces of a channel line
-// that both of its encoders share.
+// The columns of the channel grid that reach the file, and the kinds of channel that have
+// a letter of their own in it.
 
 #include <QLatin1String>
 #include <QStringView>

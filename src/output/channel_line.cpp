@@ -7,31 +7,11 @@
 
 using namespace output;
 
-namespace {
-
-constexpr int kColumns = kChannelColumns;
-
-QString NumberOf(const QString& cell) {
-    return common::NumberText(common::LeadingNumber(cell));
-}
-
-QStringView TokenOf(QStringView text) {
-    qsizetype end = 0;
-    while (end < text.size() && text[end] != u'>' && text[end] != u' ') ++end;
-    return text.first(end);
-}
-
-}  // namespace
-
 ChannelKind output::KindOf(QStringView channelType) {
-    // Told apart by length first: a full grid asks this twice per row.
-    static constexpr QLatin1String kHtp("HTP (usually dimmer)");
-    static constexpr QLatin1String kFadeable("FADEABLE LTP");
-    static constexpr QLatin1String kIndexed("INDEXED LTP (not fadeable, such as gobo)");
-    const qsizetype size = channelType.size();
-    if (size == kHtp.size() && channelType == kHtp) return ChannelKind::kHtp;
-    if (size == kFadeable.size() && channelType == kFadeable) return ChannelKind::kFadeable;
-    if (size == kIndexed.size() && channelType == kIndexed) return ChannelKind::kIndexed;
+    if (channelType == QLatin1String("HTP (usually dimmer)")) return ChannelKind::kHtp;
+    if (channelType == QLatin1String("FADEABLE LTP")) return ChannelKind::kFadeable;
+    if (channelType == QLatin1String("INDEXED LTP (not fadeable, such as gobo)"))
+        return ChannelKind::kIndexed;
     return ChannelKind::kOther;
 }
 
@@ -49,8 +29,18 @@ QLatin1String output::TypeLetter(ChannelKind kind, bool highByte) {
     return {};
 }
 
+namespace {
+
+QStringView TokenOf(QStringView text) {
+    qsizetype end = 0;
+    while (end < text.size() && text[end] != u'>' && text[end] != u' ') ++end;
+    return text.first(end);
+}
+
+}  // namespace
+
 QString LeadingToken(const QString& text) {
-    return TokenOf(text).toString();
+    return text.left(TokenOf(text).size());
 }
 
 QString QuoteLabel(const QString& text) {
@@ -63,55 +53,50 @@ QString QuoteLabel(const QString& text) {
             text[end].isHighSurrogate() && end + 1 < text.size() && text[end + 1].isLowSurrogate();
         end += pair ? 2 : 1;
     }
-    return QLatin1Char('"') + text.mid(start, end - start) + QLatin1Char('"');
+    return u'"' + text.sliced(start, end - start) + u'"';
 }
 
-std::optional<QString> ChannelLineOf(const QStringList& cells, bool lowByte) {
-    auto cell = [&cells](int column) { return cells.value(column); };
+std::optional<QString> BuildChannelLine(const MainForm& f, std::int16_t row, bool lowByte) {
+    const gui::GridModel& grid = *f.table.model();
+    auto cell = [&](int column) -> const QString& { return grid.Cell(row, column); };
+
     const std::optional<double> dmx2 = common::WholeNumber(cell(kDmx2));
     if (!dmx2) return std::nullopt;
     const bool highByte = *dmx2 > 0 && !lowByte;
 
-    // Fields 1 to 12 with one blank between them; an empty field keeps its blanks.
+    // Fields 1 to 12 with one blank between them: an empty field keeps its blanks.
     QString line;
-    line.reserve(96);
-    auto token = [&](int column) { line.append(TokenOf(cell(column))); };
-    auto blank = [&line] { line.append(u' '); };
+    line.reserve(80);
+    auto token = [&](int column) { line += TokenOf(cell(column)); };
+    auto number = [&](int column) {
+        line += u' ';
+        line += common::NumberText(common::LeadingNumber(cell(column)));
+    };
     if (lowByte) {
-        line.append(QLatin1String("0 0"));
+        line += QLatin1String("0 0");
     } else {
         token(kKey);
-        blank();
+        line += u' ';
         token(kWheel);
     }
-    blank();
-    line.append(TypeLetter(KindOf(cell(kChannelType)), highByte));
-    blank();
+    line += u' ';
+    line += TypeLetter(KindOf(cell(kChannelType)), highByte);
+    line += u' ';
     token(lowByte ? kDmx2 : kDmx1);
-    blank();
+    line += u' ';
     token(kRatio);
-    blank();
+    line += u' ';
     token(kCurve);
     token(kInv);
-    blank();
+    line += u' ';
     token(kAttributeType);
-    line.append(QLatin1String(" 1 "));
-    line.append(QuoteLabel(cell(kLabel)));
-    for (int column : {kLocate, kHighlight, kLowlight}) {
-        blank();
-        line.append(NumberOf(cell(column)));
-    }
-    // Then the comment of the line behind two blanks and a semicolon.
-    line.append(QLatin1String("  ;"));
-    line.append(cell(kComment));
+    line += QLatin1String(" 1 ");
+    line += QuoteLabel(cell(kLabel));
+    number(kLocate);
+    number(kHighlight);
+    number(kLowlight);
+    // Then the comment behind two blanks and a semicolon.
+    line += QLatin1String("  ;");
+    line += cell(kComment);
     return line;
-}
-
-std::optional<QString> BuildChannelLine(const MainForm& f, std::int16_t row, bool lowByte) {
-    QStringList cells;
-    cells.reserve(kColumns);
-    cells.append(QString());  // the line mark is never read
-    const gui::GridModel& grid = *f.table.model();
-    for (int column = 1; column < kColumns; ++column) cells.append(grid.Cell(row, column));
-    return ChannelLineOf(cells, lowByte);
 }

@@ -48,18 +48,20 @@ char ByteOf(char16_t c) {
 }  // namespace
 
 QByteArray ToFileBytes(const QString& text) {
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    // At most one byte for each UTF-16 unit.
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char* out = bytes.data();
     const qsizetype n = text.size();
     for (qsizetype i = 0; i < n; ++i) {
         const QChar c = text[i];
         if (c.isHighSurrogate() && i + 1 < n && text[i + 1].isLowSurrogate()) {
             ++i;  // one character outside the code page, one "?"
-            bytes.append('?');
+            *out++ = '?';
             continue;
         }
-        bytes.append(ByteOf(c.unicode()));
+        *out++ = ByteOf(c.unicode());
     }
+    bytes.truncate(out - bytes.constData());
     return bytes;
 }
 

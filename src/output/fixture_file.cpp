@@ -3,15 +3,13 @@
 #include <QDateTime>
 #include <QIODevice>
 #include <algorithm>
-#include <cstring>
 
 #include "common/number.h"
 #include "gui/system.h"
-#include "output/channel_bytes.h"
-#include "output/channel_rows.h"
+#include "output/channel_columns.h"
+#include "output/channel_line.h"
 #include "output/code_page.h"
 #include "output/comment_lines.h"
-#include "output/write_back.h"
 #include "wizard/main_form.h"
 
 namespace {
@@ -19,68 +17,18 @@ namespace {
 constexpr int kMaxRows = 32767;  // the row counter is 16 bits wide
 constexpr double kDmxUniverse = 512;
 
-// Writes lines in order, gathered into writes of a quarter megabyte or so, and remembers the
-// first failure; after it, writes nothing more. The gathering buffer keeps its full size;
-// `used_` tells how much of it holds bytes for the file.
-class LineWriter {
+// The lines of the file, each in the file's code page and followed by CR LF.
+class Lines {
   public:
-    LineWriter(QIODevice& out, const gui::GridModel& channels)
-        : out_(out), channels_(channels), pending_(kChunk + kChunk / 4, Qt::Uninitialized) {}
-
     void line(const QString& text) {
-        if (!outcome_.ok) return;
-        const QByteArray bytes = ToFileBytes(text);
-        const qsizetype size = bytes.size() + 2;
-        char* const at = output::RoomAt(pending_, used_, size);
-        std::memcpy(at, bytes.constData(), static_cast<std::size_t>(bytes.size()));
-        std::memcpy(at + bytes.size(), "\r\n", 2);
-        used_ += size;
-        if (used_ >= kChunk) flush();
+        bytes_ += ToFileBytes(text);
+        bytes_ += "\r\n";
     }
     void line(const char* ascii) { line(QString::fromLatin1(ascii)); }
-    // The lines of one channel row, encoded straight into the gathered bytes.
-    void channelRow(int row) {
-        if (!outcome_.ok) return;
-        used_ = channels_.Write(row, pending_, used_);
-        if (used_ >= kChunk) flush();
-    }
-    // Hands the gathered bytes to the device.
-    void flush() {
-        send(pending_.constData(), used_);
-        used_ = 0;
-    }
-    bool ok() const { return outcome_.ok; }
-    WriteOutcome finish() {
-        flush();
-        return outcome_;
-    }
+    const QByteArray& bytes() const { return bytes_; }
 
   private:
-    // A device may take part of the bytes and tell the reason only when asked for the rest,
-    // so it is asked until it takes all or refuses.
-    void send(const char* bytes, qsizetype size) {
-        const qint64 from = written_;
-        qsizetype done = 0;
-        while (outcome_.ok && done < size) {
-            const qint64 n = out_.write(bytes + done, size - done);
-            if (n <= 0) {
-                outcome_.ok = false;
-                outcome_.error = out_.errorString();
-            } else {
-                done += n;
-                written_ += n;
-            }
-        }
-        StartWriteBack(out_, from, written_ - from);
-    }
-
-    static constexpr qsizetype kChunk = 256 * 1024;
-    QIODevice& out_;
-    output::ChannelRowsEncoder channels_;
-    QByteArray pending_;
-    qsizetype used_ = 0;
-    qint64 written_ = 0;
-    WriteOutcome outcome_;
+    QByteArray bytes_;
 };
 
 QString SavedLine(const QString& path) {
@@ -101,15 +49,35 @@ QString MaxDmxLine(const MainForm& f) {
 }
 
 // One line per 8-bit row, two per 16-bit row; a row without a number in dmx2 writes none.
-void WriteChannelLines(const MainForm& f, LineWriter& w) {
+void WriteChannelLines(const MainForm& f, Lines& w) {
     const int rows = std::min(f.table.Rows(), kMaxRows + 1);
-    for (int r = 1; r < rows && w.ok(); ++r) w.channelRow(r);
+    for (int r = 1; r < rows; ++r) {
+        const auto row = static_cast<std::int16_t>(r);
+        const std::optional<QString> first = BuildChannelLine(f, row, false);
+        if (!first) continue;
+        w.line(*first);
+        // A row with a number above 0 in dmx2 is a 16-bit channel: its low byte line follows.
+        if (*common::WholeNumber(f.table.TextMatrix(r, output::kDmx2)) > 0)
+            w.line(*BuildChannelLine(f, row, true));
+    }
+}
+
+// Hands the bytes to the device. A device may take part of them and tell the reason only when
+// asked for the rest, so it is asked until it has taken all or refuses.
+WriteOutcome Send(const QByteArray& bytes, QIODevice& out) {
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        const qint64 n = out.write(bytes.constData() + done, bytes.size() - done);
+        if (n <= 0) return {false, out.errorString()};
+        done += n;
+    }
+    return {};
 }
 
 }  // namespace
 
 WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice& out) {
-    LineWriter w(out, *f.table.model());
+    Lines w;
     for (const QString& comment : CommentLines(f.morecomment.Text())) w.line(comment);
     w.line("; ");
     w.line("; ");
@@ -153,5 +121,5 @@ WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice&
     w.line("END");
     w.line("; ");
     w.line("; ");
-    return w.finish();
+    return Send(w.bytes(), out);
 }

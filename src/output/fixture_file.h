@@ -13,5 +13,5 @@ struct WriteOutcome {
 };
 
 // Writes the whole file for `path` (which line 4 names) into `out`, each line followed by
-// CR LF. Stops at the first write that fails.
+// CR LF. The lines are composed first and then handed to `out` together.
 WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice& out);

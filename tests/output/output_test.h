@@ -1,8 +1,7 @@
 #pragma once
-// Tests of the fixture file output: the channel line encoder, the comment split, the code
-// page, the whole file byte by byte, and the save flow with its failures.
+// Tests of the fixture file output: the channel line, the comment split, the code page, the
+// whole file byte by byte, and the save flow with its failures.
 
-#include <QByteArray>
 #include <QString>
 
 #include "support/form_fixture.h"
@@ -13,7 +12,7 @@ class TestOutput : public FormFixture {
     void prepareFile(const QString& setup);
 
   private slots:
-    // Encoder and pure text.
+    // The channel line and pure text.
     void buildChannelLine_data();
     void buildChannelLine();
     void tokenAndLabel_data();
@@ -25,9 +24,6 @@ class TestOutput : public FormFixture {
 
     // Properties over random cells.
     void randomRows();
-    void tokenAndLabelShape();
-    void commentLinesShape();
-    void fileHoldsEveryRowLine();
 
     // The whole file and the save flow.
     void wholeFile_data();
@@ -35,7 +31,6 @@ class TestOutput : public FormFixture {
     void proposedNameAndCancel_data();
     void proposedNameAndCancel();
     void dialogRefusesMissingFolder();
-    void secondSaveReplacesFirst();
     void failureKeepsOldFile_data();
     void failureKeepsOldFile();
 };

@@ -94,9 +94,15 @@ void TestOutput::tokenAndLabel_data() {
                                      {"  Gobo wheel rotation", "\"Gobo wheel r\""},
                                      {"a\"b", "\"a\"b\""}};
     for (const auto& l : labels) QTest::addRow("label '%s'", l[0]) << true << l[0] << l[1];
-    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");  // a pair counts as one
-    QTest::newRow("label with a pair")
+    // A surrogate pair is one character and is never cut in two; a lone surrogate is one too.
+    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");
+    const QString lone(QChar(0xD83D));
+    QTest::newRow("label with a pair at the cut")
         << true << "ABCDEFGHIJK" + smile + u'Z' << "\"ABCDEFGHIJK" + smile + u'"';
+    QTest::newRow("label with a pair first") << true << " " + smile + "ABCDEFGHIJKLM"
+                                             << "\"" + smile + "ABCDEFGHIJK\"";
+    QTest::newRow("label with a lone surrogate") << true << lone + "ABCDEFGHIJKLM"
+                                                 << "\"" + lone + "ABCDEFGHIJK\"";
 }
 
 void TestOutput::tokenAndLabel() {

@@ -65,6 +65,9 @@ void TestOutput::wholeFile() {
     const int rows = form().table.Rows();
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("BEAM575.R20"));
+    QFile older(path);  // replaced whole by the save
+    QVERIFY(older.open(QIODevice::WriteOnly) && older.write(QByteArray(5000, 'x')) == 5000);
+    older.close();
     gui::seams::QueueSaveAnswer(path);
     gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
     finished_Click(form());

@@ -17,6 +17,8 @@ void TestOutput::commentLines_data() {
     QTest::newRow("CR LF then CR last")
         << QStringLiteral("a\r\nb\r") << QStringList{"; a\r", "; b\r"};
     QTest::newRow("LF alone stays in the line") << QStringLiteral("a\nb") << QStringList{"; a\nb"};
+    QTest::newRow("CR behind a CR is dropped unseen")
+        << QStringLiteral("a\r\r\nb\r\rc") << QStringList{"; a\r", "; \nb\r", "; c"};
     const QString longLine(40000, u'x');
     QTest::newRow("CR beyond 16 bits")
         << longLine + QStringLiteral("\r\ny") << QStringList{"; " + longLine + u'\r', "; y"};
