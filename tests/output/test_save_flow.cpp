@@ -180,12 +180,9 @@ void TestOutput::failureKeepsOldFile() {
         QVERIFY(QDir(folder).mkdir(QStringLiteral("BEAM575.R20")));
         oldFile = path + QStringLiteral("/inside.R20");
     } else if (where == u"named pipe") {
-#ifdef Q_OS_UNIX
         // Nothing reads the pipe: a write into it would wait for ever.
         QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-#else
-        QSKIP("No named pipes on this system");
-#endif
+        oldFile.clear();
     } else if (where == u"full device") {
         if (!QFileInfo::exists(QStringLiteral("/dev/full"))) QSKIP("No /dev/full on this system");
         folder = QStringLiteral("/dev");
