@@ -14,6 +14,8 @@
 #include <QRadioButton>
 #include <QTextEdit>
 
+#include "gui/accessibility.h"
+#include "gui/multi_line_box.h"
 #include "gui/widgets.h"
 
 namespace gui {
@@ -139,8 +141,9 @@ void Control::adopt(QWidget* widget, Control& parent, const QString& name, const
     widget->setFont(FontFor(look));
     widget->setEnabled(look.enabled);
     if (!look.toolTip.isEmpty()) widget->setToolTip(look.toolTip);
-    const QString spoken = look.accessibleName.isEmpty() ? look.caption : look.accessibleName;
-    if (!spoken.isEmpty()) widget->setAccessibleName(spoken);
+    // A caption is never copied into the name: Qt names labels, buttons and frames by what
+    // they show now, and inputs by their label or frame.
+    if (!look.accessibleName.isEmpty()) widget->setAccessibleName(look.accessibleName);
     if (!look.visible) widget->hide();
 }
 
@@ -218,12 +221,16 @@ void Label::setCaption(const QString& caption) {
     label->Refit();
 }
 
+void Label::setBuddy(Control& input) {
+    static_cast<QLabel*>(widget_)->setBuddy(input.widget());
+}
+
 // ---- TextBox --------------------------------------------------------------------------
 
 void TextBox::create(Control& parent, const QString& name, const Look& look) {
     tag_ = look.tag;
     if (look.multiLine) {
-        multi_ = new QTextEdit;
+        multi_ = new detail::MultiLineBox;
         adopt(multi_, parent, name, look);
         multi_->setAcceptRichText(false);
         multi_->setTabChangesFocus(true);
@@ -252,10 +259,7 @@ void TextBox::create(Control& parent, const QString& name, const Look& look) {
 }
 
 QString TextBox::Text() const {
-    if (line_) return line_->text();
-    QString text = multi_->toPlainText();
-    text.replace(u'\n', QStringLiteral("\r\n"));
-    return text;
+    return line_ ? line_->text() : multi_->Text();
 }
 
 void TextBox::setText(const QString& text) {
@@ -263,9 +267,7 @@ void TextBox::setText(const QString& text) {
         line_->setText(text);
         return;
     }
-    QString plain = text;
-    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    multi_->setPlainText(plain);
+    multi_->setText(text);
 }
 
 int TextBox::MaxLength() const {
@@ -294,6 +296,7 @@ void ComboBox::create(Control& parent, const QString& name, const Look& look) {
     box_->setInsertPolicy(QComboBox::NoInsert);
     box_->setMaxVisibleItems(24);
     box_->setEditText(look.caption);
+    detail::NameLikeAnInput(box_);
     tag_ = look.tag;
     QObject::connect(box_, &QComboBox::activated, box_, [this](int index) { listIndex_ = index; });
     QObject::connect(box_->lineEdit(), &QLineEdit::textEdited, box_,
@@ -438,6 +441,7 @@ void Line::create(Control& parent, const QString& name, int x1, int y1, int x2, 
     line->setFrameShape(vertical ? QFrame::VLine : QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     line->setFocusPolicy(Qt::NoFocus);
+    detail::SpeakAsSeparator(line);
 }
 
 void TabOrder(std::initializer_list<Control*> controls) {
