@@ -184,6 +184,7 @@ void Form::Close() {
 
 void Frame::create(Control& parent, const QString& name, const Look& look) {
     auto* box = new QGroupBox;
+    detail::NameByTitle(box);
     adopt(box, parent, name, look);
     box->setTitle(look.caption);
     box->setFlat(false);
@@ -202,6 +203,7 @@ void Frame::setCaption(const QString& caption) {
 
 void Label::create(Control& parent, const QString& name, const Look& look) {
     auto* label = new FittingLabel;
+    detail::NameByText(label);
     adopt(label, parent, name, look);
     label->setText(look.caption);
     label->setTextFormat(Qt::PlainText);
@@ -290,13 +292,13 @@ void TextBox::onKeyPress(KeyHandler handler) {
 
 void ComboBox::create(Control& parent, const QString& name, const Look& look) {
     box_ = new QComboBox;
+    detail::NameLikeAnInput(box_);
     adopt(box_, parent, name, look);
     box_->setEditable(true);
     box_->setCompleter(nullptr);
     box_->setInsertPolicy(QComboBox::NoInsert);
     box_->setMaxVisibleItems(24);
     box_->setEditText(look.caption);
-    detail::NameLikeAnInput(box_);
     tag_ = look.tag;
     QObject::connect(box_, &QComboBox::activated, box_, [this](int index) { listIndex_ = index; });
     QObject::connect(box_->lineEdit(), &QLineEdit::textEdited, box_,
@@ -432,6 +434,7 @@ void Image::create(Control& parent, const QString& name, const Look& look) {
 
 void Line::create(Control& parent, const QString& name, int x1, int y1, int x2, int y2) {
     auto* line = new QFrame;
+    detail::SpeakAsSeparator(line);
     const bool vertical = x1 == x2;
     Look look{.left = qMin(x1, x2),
               .top = qMin(y1, y2),
@@ -441,7 +444,6 @@ void Line::create(Control& parent, const QString& name, int x1, int y1, int x2, 
     line->setFrameShape(vertical ? QFrame::VLine : QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     line->setFocusPolicy(Qt::NoFocus);
-    detail::SpeakAsSeparator(line);
 }
 
 void TabOrder(std::initializer_list<Control*> controls) {

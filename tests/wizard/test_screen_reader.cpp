@@ -17,8 +17,8 @@ class TestScreenReader : public FormFixture {
             Click(f.adddef);
             Click(f.Command6[6]);
         } else if (what == u"open two cells") {
-            DoubleClickCell(f.table, 1, 2);
             DoubleClickCell(f.table, 1, 3);
+            DoubleClickCell(f.table, 1, 2);  // holds "0"
         } else if (what == u"open a range") {
             DoubleClickCell(f.range, 1, 1);
         } else if (what == u"auto split") {
@@ -49,8 +49,10 @@ class TestScreenReader : public FormFixture {
         add("multi-line box by its label", "", 3, "morecomment",
             "Add more comments that will be inserted in the file, if you want ",
             QAccessible::EditableText);
-        add("cell editor tells its column", "open two cells", 2, "editcombo", "channel type",
+        add("cell editor tells its column", "open two cells", 2, "editcombo", "dmx2",
             QAccessible::ComboBox);
+        add("cell editor's frame", "open two cells", 2, "editframe", "dmx2", QAccessible::Grouping);
+        add("empty advice", "", 0, "errormessage(0)", "", QAccessible::StaticText);
         add("range editor tells its column", "open a range", 6, "redittext", " from ",
             QAccessible::EditableText);
         add("split caption", "auto split", 6, "autolabel", "range # from 0 to 255 (width: 256)",
