@@ -14,6 +14,7 @@ The wizard and this script must share an accessibility bus. On a bare X server:
 Options:
     --showing      only objects that are on screen now (and what they contain)
     --app NAME     the application's accessible name (default: rigwright)
+    --pid PID      which one, when several run on the bus (default: the highest process id)
     --wait SECONDS how long to wait for the application to appear (default: 10)
 """
 
@@ -30,13 +31,15 @@ STATES = [
 ]
 
 
-def find_app(name, wait):
+def find_app(name, pid, wait):
     deadline = time.monotonic() + wait
     while True:
         desktop = pyatspi.Registry.getDesktop(0)
-        for app in desktop:
-            if app is not None and app.name.lower() == name.lower():
-                return app
+        apps = [a for a in desktop if a is not None and a.name.lower() == name.lower()]
+        if pid:
+            apps = [a for a in apps if a.get_process_id() == pid]
+        if apps:
+            return max(apps, key=lambda a: a.get_process_id())
         if time.monotonic() > deadline:
             return None
         time.sleep(0.2)
@@ -61,9 +64,10 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--showing", action="store_true")
     parser.add_argument("--app", default="rigwright")
+    parser.add_argument("--pid", type=int, default=0)
     parser.add_argument("--wait", type=float, default=10.0)
     args = parser.parse_args()
-    app = find_app(args.app, args.wait)
+    app = find_app(args.app, args.pid, args.wait)
     if app is None:
         sys.exit("no application %r on the accessibility bus" % args.app)
     walk(app, 0, args.showing, sys.stdout)
