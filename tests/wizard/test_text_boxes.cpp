@@ -19,10 +19,6 @@ using gui::testing::Click;
 class TestTextBoxes : public FormFixture {
     Q_OBJECT
 
-    gui::TextBox& box(const QString& name) {
-        return name == u"patchdisplay" ? form().patchdisplay : form().morecomment;
-    }
-
     // A mouse click where the control stands on screen, through the window, as a real
     // mouse lands.
     void clickOn(const QString& name, Qt::MouseButton button) {
@@ -57,41 +53,25 @@ class TestTextBoxes : public FormFixture {
     }
 
   private slots:
-    void emptyClipboardPasteChangesNothing_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("gesture");
-        for (const char* name : {"patchdisplay", "morecomment"})
-            for (const char* gesture : {"Ctrl+V", "Shift+Insert", "middle click"})
-                QTest::addRow("%s %s", name, gesture) << name << gesture;
-    }
-    void emptyClipboardPasteChangesNothing() {
-        QFETCH(QString, name);
-        QFETCH(QString, gesture);
-        goToPage(3);
-        const QString before = box(name).Text();
-        clickOn(name, Qt::LeftButton);
-        QVERIFY(gui::testing::HasFocus(box(name)));
-        // What an X11 clipboard that nobody owns hands over: data with no format at all.
-        QClipboard* clipboard = QGuiApplication::clipboard();
-        clipboard->setMimeData(new QMimeData, QClipboard::Clipboard);
-        if (clipboard->supportsSelection())
-            clipboard->setMimeData(new QMimeData, QClipboard::Selection);
-        if (gesture == u"Ctrl+V") press(Qt::Key_V, Qt::ControlModifier);
-        if (gesture == u"Shift+Insert") press(Qt::Key_Insert, Qt::ShiftModifier);
-        if (gesture == u"middle click") clickOn(name, Qt::MiddleButton);
-        QCOMPARE(box(name).Text(), before);
-    }
-
-    // The box is emptied with Ctrl+A and `pasted` pasted over it, then `typed` typed.
+    // The box is emptied with Ctrl+A and Delete, `pasted` is pasted with `gesture` (null: the
+    // clipboard holds nothing, as an X11 clipboard that nobody owns), then `typed` typed.
     void textReachesTheFileAsTyped_data() {
         QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("gesture");
         QTest::addColumn<QString>("pasted");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QByteArray>("lines");  // the comment's lines, or the patch text's
         const auto add = [](const char* tag, const char* name, const QString& pasted,
-                            const char* typed, const QByteArray& lines) {
-            QTest::newRow(tag) << name << pasted << typed << lines;
+                            const char* typed, const QByteArray& lines,
+                            const char* gesture = "Ctrl+V") {
+            QTest::newRow(tag) << name << gesture << pasted << typed << lines;
         };
+        for (const char* gesture : {"Ctrl+V", "Shift+Insert", "middle click"}) {
+            QTest::addRow("nothing to paste, %s, comment", gesture)
+                << "morecomment" << gesture << QString() << "x" << QByteArray("; x\r\n");
+            QTest::addRow("nothing to paste, %s, patch text", gesture)
+                << "patchdisplay" << gesture << QString() << "" << QByteArray("TEXT\r\n\r\nEND");
+        }
         add("lone CR costs the next character", "morecomment", "a\rbc", "", "; a\r\r\n; c\r\n");
         add("no-break space", "morecomment", QStringLiteral("x\u00A0y"), "", "; x\xA0y\r\n");
         add("Shift+Enter is a new line", "morecomment", "", "a\nb", "; a\r\r\n; b\r\n");
@@ -103,6 +83,7 @@ class TestTextBoxes : public FormFixture {
     }
     void textReachesTheFileAsTyped() {
         QFETCH(QString, name);
+        QFETCH(QString, gesture);
         QFETCH(QString, pasted);
         QFETCH(QString, typed);
         QFETCH(QByteArray, lines);
@@ -110,30 +91,22 @@ class TestTextBoxes : public FormFixture {
         clickOn(name, Qt::LeftButton);
         press(Qt::Key_A, Qt::ControlModifier);
         press(Qt::Key_Delete);
-        QGuiApplication::clipboard()->setText(pasted);
-        if (!pasted.isEmpty()) press(Qt::Key_V, Qt::ControlModifier);
+        QClipboard* clipboard = QGuiApplication::clipboard();
+        for (QClipboard::Mode mode : {QClipboard::Clipboard, QClipboard::Selection}) {
+            if (mode == QClipboard::Selection && !clipboard->supportsSelection()) continue;
+            auto* data = new QMimeData;
+            if (!pasted.isNull()) data->setText(pasted);
+            clipboard->setMimeData(data, mode);
+        }
+        if (gesture == u"Ctrl+V") press(Qt::Key_V, Qt::ControlModifier);
+        if (gesture == u"Shift+Insert") press(Qt::Key_Insert, Qt::ShiftModifier);
+        if (gesture == u"middle click") clickOn(name, Qt::MiddleButton);
         type(typed);
         const QByteArray file = saved();
         if (name == u"morecomment")
             QVERIFY2(file.startsWith(lines + "; \r\n; \r\n; file "), file.left(40).toHex(' '));
         else
             QVERIFY2(file.contains(lines), file.right(60).toHex(' '));
-    }
-
-    // What the wizard puts into a box is what comes out of it.
-    void setTextComesBackUnchanged_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("lone CR") << QStringLiteral("a\rb");
-        QTest::newRow("CR at the end") << QStringLiteral("a\r");
-        QTest::newRow("no-break space") << QStringLiteral("a\u00A0\u00A0b\r\n");
-        QTest::newRow("empty lines") << QStringLiteral("\r\n\r\nx\r\n\r\n");
-    }
-    void setTextComesBackUnchanged() {
-        QFETCH(QString, text);
-        for (gui::TextBox* b : {&form().patchdisplay, &form().morecomment}) {
-            b->setText(text);
-            QCOMPARE(b->Text(), text);
-        }
     }
 };
 
