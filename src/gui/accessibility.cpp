@@ -28,6 +28,10 @@ class FrameReader : public QAccessibleWidget {
 class LabelReader : public QAccessibleWidget {
   public:
     explicit LabelReader(QLabel* label) : QAccessibleWidget(label, QAccessible::StaticText) {}
+    // A label that shows a picture is a picture without a name: decoration.
+    QAccessible::Role role() const override {
+        return label()->pixmap().isNull() ? QAccessible::StaticText : QAccessible::Graphic;
+    }
     QString text(QAccessible::Text t) const override {
         if (t == QAccessible::Name) return label()->text();
         return QAccessibleWidget::text(t);

@@ -9,7 +9,8 @@ namespace gui::detail {
 
 // Qt names a widget that has no name of its own by the title of the frame around it, so a
 // frame on a page, and an empty label, would be read as the page's title. These are named
-// by what they show now: the frame by its title, the label by its text, empty or not.
+// by what they show now: the frame by its title, the label by its text, empty or not (a
+// label that shows a picture has no text).
 void NameByTitle(QWidget* frame);
 void NameByText(QWidget* label);
 

@@ -427,6 +427,7 @@ int ListBox::ListCount() const {
 
 void Image::create(Control& parent, const QString& name, const Look& look) {
     auto* label = new QLabel;
+    detail::NameByText(label);
     adopt(label, parent, name, look);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     if (!look.picture.isEmpty()) label->setPixmap(QPixmap(look.picture));

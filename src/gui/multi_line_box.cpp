@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QTextBlock>
 
 namespace gui::detail {
 namespace {

@@ -58,6 +58,7 @@ class TestScreenReader : public FormFixture {
         add("split caption", "auto split", 6, "autolabel", "range # from 0 to 255 (width: 256)",
             QAccessible::StaticText);
         add("line is no frame", "", 2, "Line1", "", QAccessible::Separator);
+        add("arrow picture", "", 6, "Image1(0)", "", QAccessible::Graphic);
         add("picture button", "", 2, "adddef", "add default", QAccessible::Button);
         add("control of a hidden page", "", 0, "degreespan", "PAN DEGREES",
             QAccessible::EditableText, true);
