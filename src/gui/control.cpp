@@ -14,6 +14,8 @@
 #include <QRadioButton>
 #include <QTextEdit>
 
+#include "gui/accessibility.h"
+#include "gui/multi_line_box.h"
 #include "gui/widgets.h"
 
 namespace gui {
@@ -139,8 +141,9 @@ void Control::adopt(QWidget* widget, Control& parent, const QString& name, const
     widget->setFont(FontFor(look));
     widget->setEnabled(look.enabled);
     if (!look.toolTip.isEmpty()) widget->setToolTip(look.toolTip);
-    const QString spoken = look.accessibleName.isEmpty() ? look.caption : look.accessibleName;
-    if (!spoken.isEmpty()) widget->setAccessibleName(spoken);
+    // A caption is never copied into the name: Qt names labels, buttons and frames by what
+    // they show now, and inputs by their label or frame.
+    if (!look.accessibleName.isEmpty()) widget->setAccessibleName(look.accessibleName);
     if (!look.visible) widget->hide();
 }
 
@@ -181,6 +184,7 @@ void Form::Close() {
 
 void Frame::create(Control& parent, const QString& name, const Look& look) {
     auto* box = new QGroupBox;
+    detail::NameByTitle(box);
     adopt(box, parent, name, look);
     box->setTitle(look.caption);
     box->setFlat(false);
@@ -199,6 +203,7 @@ void Frame::setCaption(const QString& caption) {
 
 void Label::create(Control& parent, const QString& name, const Look& look) {
     auto* label = new FittingLabel;
+    detail::NameByText(label);
     adopt(label, parent, name, look);
     label->setText(look.caption);
     label->setTextFormat(Qt::PlainText);
@@ -218,12 +223,16 @@ void Label::setCaption(const QString& caption) {
     label->Refit();
 }
 
+void Label::setBuddy(Control& input) {
+    static_cast<QLabel*>(widget_)->setBuddy(input.widget());
+}
+
 // ---- TextBox --------------------------------------------------------------------------
 
 void TextBox::create(Control& parent, const QString& name, const Look& look) {
     tag_ = look.tag;
     if (look.multiLine) {
-        multi_ = new QTextEdit;
+        multi_ = new detail::MultiLineBox;
         adopt(multi_, parent, name, look);
         multi_->setAcceptRichText(false);
         multi_->setTabChangesFocus(true);
@@ -252,10 +261,7 @@ void TextBox::create(Control& parent, const QString& name, const Look& look) {
 }
 
 QString TextBox::Text() const {
-    if (line_) return line_->text();
-    QString text = multi_->toPlainText();
-    text.replace(u'\n', QStringLiteral("\r\n"));
-    return text;
+    return line_ ? line_->text() : multi_->Text();
 }
 
 void TextBox::setText(const QString& text) {
@@ -263,9 +269,7 @@ void TextBox::setText(const QString& text) {
         line_->setText(text);
         return;
     }
-    QString plain = text;
-    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    multi_->setPlainText(plain);
+    multi_->setText(text);
 }
 
 int TextBox::MaxLength() const {
@@ -288,6 +292,7 @@ void TextBox::onKeyPress(KeyHandler handler) {
 
 void ComboBox::create(Control& parent, const QString& name, const Look& look) {
     box_ = new QComboBox;
+    detail::NameLikeAnInput(box_);
     adopt(box_, parent, name, look);
     box_->setEditable(true);
     box_->setCompleter(nullptr);
@@ -424,12 +429,14 @@ int ListBox::ListCount() const {
 
 void Image::create(Control& parent, const QString& name, const Look& look) {
     auto* label = new detail::PictureLabel;
+    detail::SpeakAsPicture(label);
     adopt(label, parent, name, look);
     label->setPicture(look.picture);
 }
 
 void Line::create(Control& parent, const QString& name, int x1, int y1, int x2, int y2) {
     auto* line = new QFrame;
+    detail::SpeakAsSeparator(line);
     const bool vertical = x1 == x2;
     Look look{.left = qMin(x1, x2),
               .top = qMin(y1, y2),

@@ -13,7 +13,6 @@ class QWidget;
 class QLabel;
 class QGroupBox;
 class QLineEdit;
-class QTextEdit;
 class QComboBox;
 class QRadioButton;
 class QCheckBox;
@@ -21,6 +20,9 @@ class QAbstractButton;
 class QListWidget;
 
 namespace gui {
+namespace detail {
+class MultiLineBox;
+}
 
 using Handler = std::function<void()>;
 using KeyHandler = std::function<void(int keyCode)>;
@@ -89,10 +91,12 @@ class Label : public Control {
     void create(Control& parent, const QString& name, const Look& look);
     QString Caption() const;
     void setCaption(const QString& caption);
+    // The input beside the label, which a screen reader then names by the caption.
+    void setBuddy(Control& input);
 };
 
 // Single- or multi-line text box. The multi-line box holds CR LF between lines, as the
-// file wants it; the conversion to the widget's own line breaks happens here.
+// file wants it, and keeps every other character as it was typed or pasted.
 class TextBox : public Control {
   public:
     void create(Control& parent, const QString& name, const Look& look);
@@ -107,7 +111,7 @@ class TextBox : public Control {
 
   private:
     QLineEdit* line_ = nullptr;
-    QTextEdit* multi_ = nullptr;
+    detail::MultiLineBox* multi_ = nullptr;
     QString tag_;
 };
 

@@ -31,10 +31,10 @@ struct Look {
     bool scrollBars = false;  // multi-line text box: both scroll bars
     QString tag{};            // free text tag
     QString toolTip{};
-    QString picture{};  // resource name of a picture, e.g. ":/pictures/add.xpm"
-    QString accessibleName{};
-    int coveredRight = 0;  // label: twips at its right edge that a control laid over it hides  //
-                           // what a screen reader says; the caption when empty
+    QString picture{};         // resource name of a picture, e.g. ":/pictures/add.xpm"
+    QString accessibleName{};  // what a screen reader calls a control that shows no text
+                               // and has no label beside it
+    int coveredRight = 0;      // label: twips at its right edge that a control laid over it hides
 };
 
 // Twips to device-independent pixels, by the screen's logical DPI.

@@ -87,11 +87,11 @@ MainForm::MainForm() {
     // ---- Page index 0 ----
     auto& p0 = stepf[0];
     Label1.create(p0, "Label1", {.caption = "Manufacturer", .left = 360, .top = 720, .width = 1455, .height = 255});
-    manifacturer.create(p0, "manifacturer", {.left = 2040, .top = 600, .width = 5055, .height = 375, .maxLength = 30, .accessibleName = "Manufacturer"});
+    manifacturer.create(p0, "manifacturer", {.left = 2040, .top = 600, .width = 5055, .height = 375, .maxLength = 30});
     Label2.create(p0, "Label2", {.caption = "Model", .left = 360, .top = 1200, .width = 1455, .height = 255});
-    model.create(p0, "model", {.left = 2040, .top = 1080, .width = 5055, .height = 375, .maxLength = 30, .accessibleName = "Model"});
+    model.create(p0, "model", {.left = 2040, .top = 1080, .width = 5055, .height = 375, .maxLength = 30});
     Label3.create(p0, "Label3", {.caption = "Name on desk", .left = 360, .top = 1680, .width = 1455, .height = 255});
-    nameondesk.create(p0, "nameondesk", {.left = 2040, .top = 1560, .width = 2775, .height = 375, .maxLength = 11, .accessibleName = "Name on desk"});
+    nameondesk.create(p0, "nameondesk", {.left = 2040, .top = 1560, .width = 2775, .height = 375, .maxLength = 11});
     Label4.create(p0, "Label4", {.caption = "(11 char max, no spaces!)", .left = 5040, .top = 1680, .width = 2055, .height = 255});
     Label5.create(p0, "Label5", {.caption = "Fixture type:", .left = 360, .top = 2880, .width = 1095, .height = 255});
     movinghead.create(p0, "movinghead", {.caption = "Moving Head", .left = 360, .top = 3120, .width = 1695, .height = 375});
@@ -104,9 +104,9 @@ MainForm::MainForm() {
     Check2.create(p1, "Check2", {.caption = "Use default patching information", .left = 240, .top = 720, .width = 8415, .height = 255, .enabled = false, .checked = true});
     Frame6.create(p1, "Frame6", {.caption = "Mirror", .left = 240, .top = 5160, .width = 9015, .height = 975, .points = 9.75, .bold = true});
     Label10.create(Frame6, "Label10", {.caption = "PAN DEGREES", .left = 720, .top = 360, .width = 1215, .height = 375});
-    degreespan.create(Frame6, "degreespan", {.caption = "540", .left = 2160, .top = 360, .width = 855, .height = 375, .points = 9.75, .bold = true, .align = Align::Centre, .accessibleName = "Pan degrees"});
+    degreespan.create(Frame6, "degreespan", {.caption = "540", .left = 2160, .top = 360, .width = 855, .height = 375, .points = 9.75, .bold = true, .align = Align::Centre});
     Label11.create(Frame6, "Label11", {.caption = "TILT DEGREES", .left = 5160, .top = 360, .width = 1455, .height = 375});
-    degreestilt.create(Frame6, "degreestilt", {.caption = "270", .left = 6600, .top = 360, .width = 855, .height = 375, .points = 9.75, .bold = true, .align = Align::Centre, .accessibleName = "Tilt degrees"});
+    degreestilt.create(Frame6, "degreestilt", {.caption = "270", .left = 6600, .top = 360, .width = 855, .height = 375, .points = 9.75, .bold = true, .align = Align::Centre});
 
     // ---- Page index 2 ----
     auto& p2 = stepf[2];
@@ -119,7 +119,7 @@ MainForm::MainForm() {
     adddef.create(p2, "adddef", {.caption = "add default", .left = 6360, .top = 600, .width = 615, .height = 735, .picture = Pic("adddef.svg")});
     table.create(p2, "table", {.left = 120, .top = 1440, .width = 9255, .height = 4815, .accessibleName = "Channels"}, texts::kTableFormat, gui::ScrollBars::Both);
     editframe.create(p2, "editframe", {.caption = "Frame1", .left = 360, .top = 2520, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
-    editcombo.create(editframe, "editcombo", {.caption = "editcombo", .left = 0, .top = 240, .width = 2175, .height = 315, .accessibleName = "Cell value"});
+    editcombo.create(editframe, "editcombo", {.caption = "editcombo", .left = 0, .top = 240, .width = 2175, .height = 315});
     defaultsframe.create(p2, "defaultsframe", {.caption = "ADD Default types and settings (dmx will be auto incremented)", .left = 2640, .top = 1320, .width = 6255, .height = 2175, .back = 0xC0C0FF, .visible = false});
     for (const PresetButton& b : kPresetButtons) {
         Command6[b.index].create(defaultsframe, Indexed("Command6", b.index),
@@ -132,9 +132,9 @@ MainForm::MainForm() {
     Label6.create(p3, "Label6", {.caption = "Total number of dmx channels is", .left = 600, .top = 360, .width = 2535, .height = 495, .bold = true, .coveredRight = 615});
     dmxchannels.create(p3, "dmxchannels", {.caption = "99", .left = 2520, .top = 360, .width = 615, .height = 375, .points = 13.5, .bold = true, .fore = 0x000000, .back = 0xC0C0C0, .align = Align::Centre});
     Label24.create(p3, "Label24", {.caption = "Add your own text that will be displayed on the desk when patching the fixture", .left = 600, .top = 1080, .width = 3615, .height = 615});
-    patchdisplay.create(p3, "patchdisplay", {.caption = kPatchText, .left = 4320, .top = 360, .width = 3015, .height = 2175, .points = 9.75, .bold = true, .fore = 0xFFFFC0, .back = 0x8080FF, .align = Align::Centre, .multiLine = true, .accessibleName = "Text on the desk when patching"});
+    patchdisplay.create(p3, "patchdisplay", {.caption = kPatchText, .left = 4320, .top = 360, .width = 3015, .height = 2175, .points = 9.75, .bold = true, .fore = 0xFFFFC0, .back = 0x8080FF, .align = Align::Centre, .multiLine = true});
     Label25.create(p3, "Label25", {.caption = "Add more comments that will be inserted in the file, if you want ", .left = 360, .top = 2760, .width = 4575, .height = 255});
-    morecomment.create(p3, "morecomment", {.left = 360, .top = 3120, .width = 8895, .height = 1095, .multiLine = true, .scrollBars = true, .accessibleName = "Comments for the file"});
+    morecomment.create(p3, "morecomment", {.left = 360, .top = 3120, .width = 8895, .height = 1095, .multiLine = true, .scrollBars = true});
     Label26.create(p3, "Label26", {.caption = "How to continue??????", .left = 360, .top = 4440, .width = 3495, .height = 375, .points = 12, .bold = true});
     Label27.create(p3, "Label27", {.caption = "The following steps are optional, if you don't want to do that then you have finished!", .left = 360, .top = 4920, .width = 6135, .height = 255});
     goonpalettes.create(p3, "goonpalettes", {.caption = "Define palettes", .left = 360, .top = 5280, .width = 1935, .height = 375, .enabled = false});
@@ -144,7 +144,7 @@ MainForm::MainForm() {
     // ---- Page index 6 ----
     auto& p6 = stepf[6];
     Label13.create(p6, "Label13", {.caption = "Channel usage:", .left = 240, .top = 360, .width = 4335, .height = 255});
-    rpict.create(p6, "rpict", {.left = 240, .top = 600, .width = 4335, .height = 255, .fore = 0xFFC080, .back = 0xE0E0E0, .accessibleName = "Channel usage"}, 255, 10);
+    rpict.create(p6, "rpict", {.left = 240, .top = 600, .width = 4335, .height = 255, .fore = 0xFFC080, .back = 0xE0E0E0}, 255, 10);
     range.create(p6, "range", {.left = 240, .top = 840, .width = 4335, .height = 4815, .accessibleName = "Ranges"}, texts::kRangeFormat, gui::ScrollBars::Vertical);
     Command2.create(p6, "Command2", {.caption = "auto split", .left = 4560, .top = 960, .width = 615, .height = 975, .toolTip = "automatically splits selected range into ranges of same width", .picture = Pic("split.svg")});
     rmerge.create(p6, "rmerge", {.caption = "merge", .left = 4560, .top = 2040, .width = 615, .height = 615, .toolTip = "merge selected rows", .picture = Pic("merge.svg")});
@@ -158,13 +158,13 @@ MainForm::MainForm() {
     Image1[2].create(p6, Indexed("Image1", 2), {.left = 6120, .top = 5040, .width = 480, .height = 480, .picture = Pic("arrow_right.svg")});
     rangeslist.create(p6, "rangeslist", {.left = 6600, .top = 240, .width = 2655, .height = 5910, .accessibleName = "Saved range tables"});
     reditframe.create(p6, "reditframe", {.caption = "Frame1", .left = 960, .top = 3360, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
-    redittext.create(reditframe, "redittext", {.caption = "Text1", .left = 0, .top = 240, .width = 2175, .height = 285, .tag = "0", .accessibleName = "Range value"});
+    redittext.create(reditframe, "redittext", {.caption = "Text1", .left = 0, .top = 240, .width = 2175, .height = 285, .tag = "0"});
     autoframe.create(p6, "autoframe", {.caption = "Split selected range into regular intervals:", .left = 960, .top = 840, .width = 3615, .height = 1815, .back = 0xC0C0FF, .visible = false});
     autolabel.create(autoframe, "autolabel", {.caption = "range", .left = 120, .top = 360, .width = 3375, .height = 255});
     Label33.create(autoframe, "Label33", {.caption = "no. of ranges:", .left = 120, .top = 840, .width = 1095, .height = 255});
-    arno.create(autoframe, "arno", {.caption = "10", .left = 1800, .top = 840, .width = 495, .height = 285, .accessibleName = "no. of ranges"});
+    arno.create(autoframe, "arno", {.caption = "10", .left = 1800, .top = 840, .width = 495, .height = 285});
     Label32.create(autoframe, "Label32", {.caption = "description prefix:", .left = 120, .top = 1320, .width = 1335, .height = 255});
-    arpre.create(autoframe, "arpre", {.caption = "splitted", .left = 1440, .top = 1320, .width = 1335, .height = 285, .accessibleName = "description prefix"});
+    arpre.create(autoframe, "arpre", {.caption = "splitted", .left = 1440, .top = 1320, .width = 1335, .height = 285});
     Command1.create(autoframe, "Command1", {.caption = "X", .left = 3000, .top = 720, .width = 495, .height = 375, .accessibleName = "Close"});
     rgo.create(autoframe, "rgo", {.caption = "OK", .left = 3000, .top = 1200, .width = 495, .height = 375});
 
@@ -174,7 +174,7 @@ MainForm::MainForm() {
         errormessage[i].create(stepf[i], Indexed("errormessage", i),
                                {.caption = kErrorText, .left = at.left, .top = at.top,
                                 .width = at.width, .height = at.height, .bold = true,
-                                .fore = kRed, .accessibleName = "Advice"});
+                                .fore = kRed});
     }
 
     // ---- On the form, below the pages ----
@@ -183,6 +183,18 @@ MainForm::MainForm() {
     previous.create(main, "previous", {.caption = "< Previous", .left = 4920, .top = 6720, .width = 1095, .height = 375});
     finished.create(main, "finished", {.caption = "Finished!", .left = 7320, .top = 6720, .width = 1095, .height = 375});
     cancel.create(main, "cancel", {.caption = "Cancel", .left = 6120, .top = 6720, .width = 1095, .height = 375});
+
+    // A screen reader names each input by the label beside it.
+    Label1.setBuddy(manifacturer);
+    Label2.setBuddy(model);
+    Label3.setBuddy(nameondesk);
+    Label10.setBuddy(degreespan);
+    Label11.setBuddy(degreestilt);
+    Label24.setBuddy(patchdisplay);
+    Label25.setBuddy(morecomment);
+    Label13.setBuddy(rpict);
+    Label33.setBuddy(arno);
+    Label32.setBuddy(arpre);
 
     gui::TabOrder({&manifacturer, &model, &nameondesk, &movinghead, &mirror, &otherkind});
     gui::TabOrder({&nexts, &previous, &finished, &cancel});

@@ -71,12 +71,6 @@ class TestCatalogue : public FormFixture {
         QCOMPARE(form().range.TextMatrix(0, 3), QString(51, u' ') + QStringLiteral("label"));
         QCOMPARE(form().rangeslist.ListCount(), 0);
     }
-
-    void inputsHaveSpokenNames() {
-        QCOMPARE(AccessibleNameOf(find("manifacturer")), QStringLiteral("Manufacturer"));
-        QCOMPARE(AccessibleNameOf(find("nameondesk")), QStringLiteral("Name on desk"));
-        QCOMPARE(AccessibleNameOf(find("nexts")), QStringLiteral("Next >"));
-    }
 };
 
 RIGWRIGHT_TEST_CLASS(TestCatalogue)

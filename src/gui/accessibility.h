@@ -1,0 +1,26 @@
+#pragma once
+// Inside gui/ only: what a screen reader hears of a control where Qt's own answer does not
+// fit the form. Each is called on the new widget before anything else, since Qt keeps the
+// answer it first gave for a widget.
+
+class QWidget;
+
+namespace gui::detail {
+
+// Qt names a widget that has no name of its own by the title of the frame around it, so a
+// frame on a page, and an empty label, would be read as the page's title. These are named
+// by what they show now: the frame by its title, the label by its text, empty or not.
+void NameByTitle(QWidget* frame);
+void NameByText(QWidget* label);
+
+// Named like any input: by the label whose buddy it is, else by the frame around it. Qt
+// names an editable combo box on Linux by the text in it, so the cell editor would tell
+// the value but never the column it edits.
+void NameLikeAnInput(QWidget* comboBox);
+
+// A line is decoration: a separator without a name, not a frame.
+void SpeakAsSeparator(QWidget* line);
+// A still picture is decoration too: an image without a name.
+void SpeakAsPicture(QWidget* picture);
+
+}  // namespace gui::detail
