@@ -74,6 +74,8 @@ class Frame : public Control {
     void setCaption(const QString& caption);
     QString Tag() const { return tag_; }
     void setTag(const QString& tag) { tag_ = tag; }
+    // Hiding a frame that holds the focus gives the focus back to where it came from.
+    void setVisible(bool visible);
     // While the frame shows, Return presses `defaultButton` and Escape `cancelButton`, with
     // the focus anywhere in the frame's window.
     void setDialogButtons(Button& defaultButton, Button& cancelButton);

@@ -1,7 +1,8 @@
 // What a frame does with the keyboard: the buttons that Return and Escape press while it
-// shows, and where the focus goes when it comes on screen.
+// shows, and where the focus goes when it comes on screen and when it hides.
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 
 #include "gui/control.h"
@@ -43,12 +44,41 @@ class DialogKeys : public QObject {
     Button& cancel_;
 };
 
+// Remembers where the focus came from when it entered the frame. A frame that hides while it
+// holds the focus gives it back there; left to itself, Qt would pass it on along the tab chain
+// to whatever comes next, on the channel page "Next >", which a Space would then press.
+class FocusReturn : public QObject {
+  public:
+    explicit FocusReturn(QWidget* frame) : QObject(frame), frame_(frame) {
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
+            if (inside(now) && !inside(old)) cameFrom_ = old;
+        });
+    }
+    void giveBack() {
+        if (inside(QApplication::focusWidget()) && cameFrom_ && cameFrom_->isVisible() &&
+            cameFrom_->isEnabled())
+            cameFrom_->setFocus(Qt::OtherFocusReason);
+    }
+
+  private:
+    bool inside(const QWidget* w) const { return w && frame_->isAncestorOf(w); }
+    QWidget* frame_;
+    QPointer<QWidget> cameFrom_;
+};
+
 bool TakesInput(const QWidget* w) {
     return (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy() &&
            !qobject_cast<const QPushButton*>(w);
 }
 
 }  // namespace
+
+void Frame::setVisible(bool visible) {
+    auto* focus = widget_->findChild<FocusReturn*>(QString(), Qt::FindDirectChildrenOnly);
+    if (visible && !focus) new FocusReturn(widget_);
+    if (!visible && focus) focus->giveBack();
+    widget_->setVisible(visible);
+}
 
 void Frame::setDialogButtons(Button& defaultButton, Button& cancelButton) {
     new DialogKeys(widget_, defaultButton, cancelButton);
