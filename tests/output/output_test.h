@@ -1,31 +1,19 @@
 #pragma once
-// Tests of the fixture file output: the channel line, the comment split, the code page, the
+// Tests of the fixture file output: the channel line and the text forms, random rows, the
 // whole file byte by byte, and the save flow with its failures.
 
-#include <QString>
+#include <QFile>
 
 #include "support/form_fixture.h"
 
 class TestOutput : public FormFixture {
     Q_OBJECT
-  private:
-    void prepareFile(const QString& setup);
-
   private slots:
-    // The channel line and pure text.
-    void buildChannelLine_data();
-    void buildChannelLine();
-    void tokenAndLabel_data();
-    void tokenAndLabel();
-    void commentLines_data();
-    void commentLines();
-    void codePage_data();
-    void codePage();
-
-    // Properties over random cells.
+    void channelLine_data();
+    void channelLine();
+    void text_data();
+    void text();
     void randomRows();
-
-    // The whole file and the save flow.
     void wholeFile_data();
     void wholeFile();
     void proposedNameAndCancel_data();
@@ -34,3 +22,13 @@ class TestOutput : public FormFixture {
     void failureKeepsOldFile_data();
     void failureKeepsOldFile();
 };
+
+inline bool WriteBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+inline QByteArray ReadBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+}
