@@ -1,6 +1,5 @@
 #pragma once
-// Tests of the fixture file output: the channel line and the text forms, random rows, the
-// whole file byte by byte, and the save flow with its failures.
+// Tests of the fixture file output: its lines, the whole file and the save with its failures.
 
 #include <QFile>
 
@@ -8,9 +7,11 @@
 
 class TestOutput : public FormFixture {
     Q_OBJECT
+    // Adds the rows of one table of tests/data/output_tables.json: a row's first cell names it,
+    // the others are its columns, all text.
+    void addRows(const char* table);
+
   private slots:
-    void channelLine_data();
-    void channelLine();
     void text_data();
     void text();
     void randomRows();
