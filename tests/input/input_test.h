@@ -14,12 +14,8 @@ class TestInput : public FormFixture {
     void addRows(const char* table);
 
   private slots:
-    void channelLines_data();
-    void channelLines();
-    void wholeFile_data();
-    void wholeFile();
-    void refused_data();
-    void refused();
+    void read_data();
+    void read();
     void commandLine_data();
     void commandLine();
     void openAtStart_data();
