@@ -43,8 +43,6 @@ bool WriteBytes(const QString& path, const QByteArray& bytes) {
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-const QByteArray kLine = "3 1 L 1 100 1N F 1 \"Tilt\" 128 0 0  ;default\r\n";
-
 // What the wizard shows of a fixture: manufacturer, model, name, pan, tilt and patch text with
 // "|" between them, then each row of the grid, "/" before it, with "|" between its cells.
 QString Shown(MainForm& f) {
@@ -95,75 +93,23 @@ void TestInput::addRows(const char* table) {
 
 // Files that are read, and what is read of them: device, manufacturer, model, kind, pan, tilt,
 // patch text, then the rows of the grid with "|" between cells and "/" between rows; files
-// that are refused, and why.
+// that are refused, and why. A file is written with "{head}" and "{tail}" for those of a file
+// as the writer puts it, and changed by the "from=>to" that follow the expected text.
 void TestInput::read_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("expected");
-    // The head of a file as the writer puts it, up to and with the line DMX, line 30; its tail.
-    const QByteArray headText = data("file head").toString().toLatin1();
-    const auto head = [&](const QByteArray& device = "BEAM575",
-                          const QByteArray& name = "\"Lf\" \"B 5\"",
-                          const QByteArray& mirror = "2 540 270") {
-        return QByteArray(headText)
-            .replace("@DEVICE@", device)
-            .replace("@NAME@", name)
-            .replace("@MIRROR@", mirror);
-    };
-    const auto tail = [&](const QByteArray& patch = "hello") {
-        return data("file tail").toString().toLatin1().replace("@PATCH@", patch);
-    };
-    const auto row = [](const QString& name, const QByteArray& bytes, const QString& expected) {
-        QTest::newRow(qPrintable(name)) << bytes << expected;
-    };
-    const QString pages = QStringLiteral("BEAM575|Lf|B 5|2|540|270|hello|");
-    for (const QJsonValue& r : data("channel lines").toArray())
-        row(r[0].toString(),
-            head() + r[1].toString().toUtf8().replace('/', "\r\n") + "\r\n" + tail(),
-            pages + r[2].toString());
-    const QByteArray file = head() + kLine + tail();
-    const QString tilt = pages + "#|1|0|FADEABLE LTP|F>|3|1|Tilt|1|N|100|128|0|0|default";
-    row("as written", file, tilt);
-    row("LF alone ends lines", QByteArray(file).replace("\r\n", "\n"), tilt);
-    row("no end behind the last line", file.chopped(2), tilt);
-    row("comment lines in CR CR LF",
-        "; a\r\r\n; b\r\r\n" + head().mid(head().indexOf("; \r\n")) + tail(), pages);
-    row("blanks and quotes in the names", head("  A B", "\"x\" \"y\" \"z\"", "0 5 4 x") + tail(),
-        "  A B|x|y\" \"z|0|5|4 x|hello|");
-    row("the split that fits 30 characters",
-        head("D", "\"a\" \"b\" \"" + QByteArray(28, 'c') + '"') + tail(),
-        "D|a\" \"b|" + QString(28, u'c') + "|2|540|270|hello|");
-    row("empty names, code page text", head("", "\"\" \"\x80\xE9\"", "1 180 90") + tail(),
-        "||\u20AC\u00E9|1|180|90|hello|");
-    row("a line END inside the patch text", head() + tail("\r\nEND\r\nATTR\r\nobsolete\r\nEND\r\n"),
-        "BEAM575|Lf|B 5|2|540|270|\r\nEND\r\nATTR\r\nobsolete\r\nEND\r\n|");
-
-    const auto refused = [&](const char* name, const QByteArray& bytes, int line, const char* why) {
-        row(name, bytes, "line " + QString::number(line) + ": " + why);
-    };
-    refused("junk", "hello\r\nworld\r\n", 1, "DEVICE expected");
-    refused("no NAME", head().replace("NAME", "NOME") + tail(), 8, "NAME expected");
-    refused("kind 3", head("D", "\"a\" \"b\"", "3 1 1") + tail(), 12,
-            "MIRROR needs a kind of 0, 1 or 2, pan and tilt");
-    refused("no MIRROR, DMX comes", head().replace("MIRROR", "MIRRORS") + tail(), 30,
-            "MIRROR expected");
-    refused("no DMX", head().chopped(5) + "; \r\n", 31, "DMX expected");
-    refused("DMX without END", head() + kLine, 32, "the DMX section has no END");
-    refused("channel line too short", head() + kLine + "3 1 L 2\r\n" + tail(), 32,
-            "not a channel line: it has fewer than 8 fields before the label");
-    refused("letter", head() + "3 1 X 1 100 1N F 1 \"T\" 0 0 0  ;\r\n" + tail(), 31,
-            "unknown channel type letter \"X\"");
-    refused(
-        "label longer than 12", head() + "3 1 L 1 1 1N F 1 \"abcdefghijklm\" 0 0 0  ;\r\n" + tail(),
-        31,
-        "not a channel line: no label of at most 12 characters is followed by locate, highlight, "
-        "lowlight and the comment");
-    refused("16-bit without its low byte line",
-            head() + "3 1 s 1 100 1N F 1 \"T\" 0 0 0  ;\r\n" + kLine + tail(), 31,
-            "the 16-bit channel has no low byte line behind it");
-    refused("unreadable byte", head("D\x81") + tail(), 7, "unreadable bytes");
-    refused("no TEXT", head() + "END\r\n; \r\n", 33, "TEXT expected");
-    refused("TEXT without END", head() + "END\r\nTEXT\r\nabc\r\n", 34,
-            "the TEXT section has no END");
+    for (const QJsonValue& row : data("files").toArray()) {
+        QString text = row[1]
+                           .toString()
+                           .replace(QStringLiteral("{head}"), data("file head").toString())
+                           .replace(QStringLiteral("{tail}"), data("file tail").toString());
+        for (qsizetype i = 3; i < row.toArray().size(); ++i) {
+            const QStringList change = row[i].toString().split(QStringLiteral("=>"));
+            QVERIFY2(text.contains(change[0]), qPrintable(change[0]));
+            text.replace(change[0], change[1]);
+        }
+        QTest::newRow(qPrintable(row[0].toString())) << text.toLatin1() << row[2].toString();
+    }
 }
 
 void TestInput::read() {
