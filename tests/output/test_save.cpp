@@ -51,6 +51,7 @@ void TestOutput::wholeFile_data() {
     // ("~" as it was) and channels, "|" between them.
     QTest::addColumn<QString>("pages");
     QTest::addColumn<QString>("rows");  // "|" between cells, "/" between rows
+    // The mixed one: a 16-bit row amid others, a row that add made, text beyond the code page.
     addRows("whole files");
 }
 
