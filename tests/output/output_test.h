@@ -1,31 +1,20 @@
 #pragma once
-// Tests of the fixture file output: the channel line, the comment split, the code page, the
-// whole file byte by byte, and the save flow with its failures.
+// Tests of the fixture file output: its lines, the whole file and the save with its failures.
 
-#include <QString>
+#include <QFile>
 
 #include "support/form_fixture.h"
 
 class TestOutput : public FormFixture {
     Q_OBJECT
-  private:
-    void prepareFile(const QString& setup);
+    // Adds the rows of one table of tests/data/output_tables.json: a row's first cell names it,
+    // the others are its columns, all text.
+    void addRows(const char* table);
 
   private slots:
-    // The channel line and pure text.
-    void buildChannelLine_data();
-    void buildChannelLine();
-    void tokenAndLabel_data();
-    void tokenAndLabel();
-    void commentLines_data();
-    void commentLines();
-    void codePage_data();
-    void codePage();
-
-    // Properties over random cells.
+    void text_data();
+    void text();
     void randomRows();
-
-    // The whole file and the save flow.
     void wholeFile_data();
     void wholeFile();
     void proposedNameAndCancel_data();
@@ -34,3 +23,13 @@ class TestOutput : public FormFixture {
     void failureKeepsOldFile_data();
     void failureKeepsOldFile();
 };
+
+inline bool WriteBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+inline QByteArray ReadBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+}
