@@ -41,7 +41,7 @@ void TestChannels::openCell(int row, int col) {
 void TestChannels::replaceEntry(const QString& text) {
     QTRY_VERIFY(gui::testing::HasFocus(form().editcombo));
     gui::testing::PressKey(Qt::Key_A, Qt::ControlModifier);
-    gui::testing::PressKey(Qt::Key_Delete);
+    gui::testing::PressKey(Qt::Key_Delete);  // an empty text types nothing over the selection
     gui::testing::TypeKeys(text);
 }
 

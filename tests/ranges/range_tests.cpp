@@ -2,21 +2,20 @@
 
 #include "common/number.h"
 #include "gui/grid.h"
-#include "ranges/range_operations.h"
 #include "ranges/range_table.h"
 
-QStringList RangeRows(const gui::Grid& range) {
+QString RangeRows(const gui::Grid& range) {
     QStringList rows;
     for (int r = 1; r < range.Rows(); ++r)
         rows << QStringList{range.TextMatrix(r, 0), range.TextMatrix(r, 1), range.TextMatrix(r, 2),
                             range.TextMatrix(r, 3)}
                     .join(u'|');
-    return rows;
+    return rows.join(u',');
 }
 
-void SetRangeRows(MainForm& f, const QStringList& rows) {
+void SetRangeRows(MainForm& f, const QString& rows) {
     rclear_Click(f);
-    for (const QString& row : rows) f.range.AddItem(QString(row).replace(u'|', u'\t'));
+    for (const QString& row : rows.split(u',')) f.range.AddItem(QString(row).replace(u'|', u'\t'));
     f.range.RemoveItem(1);
 }
 
@@ -27,7 +26,7 @@ QString TilingFault(const gui::Grid& range) {
         const auto from = common::WholeNumber(range.TextMatrix(r, 1));
         const auto to = common::WholeNumber(range.TextMatrix(r, 2));
         if (!from || !to || *from != next || *from > *to)
-            return QStringLiteral("row %1 is %2").arg(r).arg(RangeRows(range)[r - 1]);
+            return QStringLiteral("row %1 of %2").arg(r).arg(RangeRows(range));
         next = *to + 1;
     }
     return next == 256 ? QString() : QStringLiteral("last row ends at %1").arg(next - 1);
