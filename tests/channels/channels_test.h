@@ -1,6 +1,5 @@
 #pragma once
-// Tests of the channel definitions: the grid commands, the presets at the next free offset,
-// the floating cell editor driven through the real widgets, and cells that their column cuts.
+// Tests of the channel table, its presets and its floating cell editor.
 
 #include <QString>
 #include <QStringList>
@@ -11,8 +10,7 @@ class TestChannels : public FormFixture {
     Q_OBJECT
   private:
     QStringList bodyRows();  // the channel rows, each as its cells with ";" between them
-    void setOffsets(const QStringList& rows);  // replaces the body by rows "dmx1;dmx2"
-    void watchModel();                         // QAbstractItemModelTester on the grid for this test
+    void watchModel();       // QAbstractItemModelTester on the grid for this test
     void openCell(int row, int col);
     void replaceEntry(const QString& text);  // select all in the edit box, then type
 
@@ -24,7 +22,6 @@ class TestChannels : public FormFixture {
     void preset();
     void entry_data();
     void entry();
-    void frame();
     void clickCommits_data();
     void clickCommits();
     void nextCommitsPreviousDoesNot();

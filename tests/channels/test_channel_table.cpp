@@ -1,4 +1,5 @@
-// The grid commands: add, delete and the preset panel, each finishing the open edit first.
+// The channel table: add, delete and the preset panel, each finishing the open edit first;
+// the presets at the next free offset; tool tips on cut cells and column borders.
 #include <QTest>
 
 #include "channels/channel_table.h"
@@ -6,7 +7,7 @@
 #include "channels_test.h"
 #include "gui/testing.h"
 
-using gui::testing::Click;
+using namespace gui::testing;
 
 void TestChannels::addAndDelete() {
     watchModel();
@@ -29,7 +30,6 @@ void TestChannels::addAndDelete() {
     table.setRow(2);
     Click(form().delete_);
     QCOMPARE(table.TextMatrix(2, 14) + table.TextMatrix(2, 0), "third3");
-    QVERIFY(!form().editframe.Visible());
     Click(form().add);
     QCOMPARE(table.TextMatrix(3, 0) + table.TextMatrix(4, 0), "44");
     // The preset panel opens beside the edit and leaves it open; a preset commits it first.
@@ -48,13 +48,98 @@ void TestChannels::addAndDelete() {
 // A preset adds all its rows or none; `add` stops at the cap too.
 void TestChannels::rowCap() {
     gui::Grid& table = form().table;
-    while (table.Rows() - 1 < channels::kMaxChannelRows - 1) table.AddItem(QStringLiteral("x"));
-    Click(form().adddef);
-    Click(form().Command6[6]);
-    QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows - 1);
+    while (table.Rows() < channels::kMaxChannelRows) table.AddItem(QStringLiteral("x"));
+    Command6_Click(form(), 6);  // three rows, and one place left
     Command6_Click(form(), 0);
     Click(form().add);
     Command6_Click(form(), 0);
     QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows);
     QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Pan");
+}
+
+// Ready-made rows, at the next free offset: one past the largest dmx1 or dmx2 of any row.
+void TestChannels::preset_data() {
+    QTest::addColumn<QStringList>("offsets");  // the table before, "dmx1;dmx2" a row
+    QTest::addColumn<QList<int>>("presets");
+    QTest::addColumn<QStringList>("added");  // the rows added, from dmx1 as far as written
+    const auto add = [](const char* name, const QStringList& offsets, const QList<int>& presets,
+                        const QStringList& added) {
+        QTest::newRow(name) << offsets << presets << added;
+    };
+    const QString fade = "%1;0;FADEABLE LTP;%2;1;N;100;%3;default";
+    add("pan", {";0"}, {0}, {fade.arg(1).arg("E>;3;61;Pan", "128;0;0")});
+    add("CMY", {"4;0"}, {6},
+        {fade.arg(5).arg("B>;10;1;Cyan", "0;0;255"), fade.arg(6).arg("C>;10;61;Magenta", "0;0;255"),
+         fade.arg(7).arg("D>;9;61;Yellow", "0;255;51")});
+    add("dimmer", {";0"}, {12}, {"1;0;HTP (usually dimmer);H>;1;1;Dimmer;1;N;100;128;0;0;default"});
+    add("macro", {";0"}, {24},
+        {"1;0;INDEXED LTP (not fadeable, such as gobo);0>;8;1;Macro;1;N;100;0;0;0;default"});
+    add("gap stays free", {"1;0", "2;0", "5;0"}, {0}, {"6;0"});
+    add("dmx2 counts like dmx1", {"3;9"}, {0}, {"10;0"});
+    add("equal to the candidate", {"1;"}, {0}, {"2;0"});
+    add("zero and negatives never count", {"-5;0", "0;-1"}, {0}, {"1;0"});
+    add("leading number of the text", {" 12x;0"}, {0}, {"13;0"});
+    add("16 bits take two, then one each", {";0"}, {1, 0, 0}, {"1;2", "3;0", "4;0"});
+    add("16 bits past 511", {"511;0"}, {1}, {"512;513"});
+    // Every offset a preset takes, a 16-bit low byte too, is a 16-bit value of its own.
+    add("last offset", {"32766;0"}, {0, 0, 1, 6}, {"32767;0"});
+    add("16 bits at the last offset", {"32765;0"}, {1, 1}, {"32766;32767"});
+    add("three rows or none", {"32765;0"}, {7, 6}, {});
+    add("three rows up to the last offset", {"32764;0"}, {7}, {"32765;0", "32766;0", "32767;0"});
+    add("index outside", {";0"}, {-1, 25, 32767}, {});
+}
+
+void TestChannels::preset() {
+    QFETCH(QStringList, offsets);
+    QFETCH(QList<int>, presets);
+    QFETCH(QStringList, added);
+    watchModel();
+    for (const QString& row : offsets)
+        form().table.AddItem("#\t" + QString(row).replace(u';', u'\t'));
+    form().table.RemoveItem(1);
+    const QStringList before = bodyRows();
+    for (const int i : presets) {
+        Click(form().adddef);
+        i >= 0 && i < 25 ? Click(form().Command6[i]) : Command6_Click(form(), std::int16_t(i));
+        QVERIFY(!form().defaultsframe.Visible());
+    }
+    QStringList got = bodyRows();
+    QCOMPARE(got.mid(0, before.size()), before);  // a preset never fills the rows there were
+    got = got.mid(before.size());
+    for (int i = 0; i < got.size() && i < added.size(); ++i)
+        got[i] = got[i].section(u';', 1, 1 + int(added[i].count(u';')));
+    QCOMPARE(got, added);
+}
+
+// A cut cell shows its whole text in a tool tip; the user drags column borders wider.
+void TestChannels::cutCellShowsItsTextInATip_data() {
+    QTest::addColumn<int>("preset");
+    QTest::addColumn<int>("col");   // 3 is "channel type", 7 "attribute label"
+    QTest::addColumn<int>("drag");  // pixels the column's right border moves first
+    QTest::addColumn<QString>("tip");
+    const QString indexed = "INDEXED LTP (not fadeable, such as gobo)";
+    QTest::newRow("fadeable type cut") << 0 << 3 << 0 << "FADEABLE LTP";
+    QTest::newRow("indexed type cut") << 4 << 3 << 0 << indexed;
+    QTest::newRow("offset fits") << 12 << 1 << 0 << "";
+    QTest::newRow("label fits") << 12 << 7 << 0 << "";
+    QTest::newRow("dragged wide enough") << 4 << 3 << 400 << "";
+    QTest::newRow("dragged wider, still cut") << 4 << 3 << 20 << indexed;
+    QTest::newRow("dragged narrower, now cut") << 12 << 7 << -60 << "Dimmer";
+    QTest::newRow("locate narrower") << 12 << 12 << -20 << "";
+}
+
+void TestChannels::cutCellShowsItsTextInATip() {
+    QFETCH(int, preset);
+    QFETCH(int, col);
+    QFETCH(int, drag);
+    QFETCH(QString, tip);
+    gui::Grid& table = form().table;
+    Click(form().adddef);
+    Click(form().Command6[preset]);
+    const QStringList before = bodyRows();
+    if (drag) DragColumnBorder(table, col, drag);
+    QCOMPARE(bodyRows(), before);  // a border drag changes no cell
+    QCOMPARE(ToolTipOfCell(table, 2, col), tip);
+    // The blank first row has nothing to show, however narrow its column.
+    QCOMPARE(ToolTipOfCell(table, 1, col), QString());
 }

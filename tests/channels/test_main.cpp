@@ -19,14 +19,6 @@ QStringList TestChannels::bodyRows() {
     return rows;
 }
 
-void TestChannels::setOffsets(const QStringList& rows) {
-    gui::Grid& table = form().table;
-    while (table.Rows() > 2) table.RemoveItem(table.Rows() - 1);
-    table.setTextMatrix(1, 1, rows[0].section(u';', 0, 0));
-    table.setTextMatrix(1, 2, rows[0].section(u';', 1));
-    for (const QString& row : rows.mid(1)) table.AddItem("#\t" + QString(row).replace(u';', u'\t'));
-}
-
 void TestChannels::watchModel() {
     QAbstractItemModel* model = gui::testing::ModelOf(form().table);
     new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::QtTest,
