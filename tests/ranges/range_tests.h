@@ -1,21 +1,14 @@
 #pragma once
-// Tests of the range grid: its editor and commit, merge, auto split and the bar strip.
+// Tests of the range grid: its editor, merge, auto split and the bar strip.
 
 #include <QString>
 
+#include "gui/grid.h"
 #include "support/form_fixture.h"
-
-namespace gui {
-class Grid;
-}
 
 // The rows of a range table written as "mark|from|to|label", with commas between rows.
 QString RangeRows(const gui::Grid& range);
 void SetRangeRows(MainForm& f, const QString& rows);
-// Empty when the rows tile 0..255 and their count is in bounds, else what is wrong.
-QString TilingFault(const gui::Grid& range);
-// Opens the editor on a cell through the handlers, puts `text` in it and commits.
-void EditCell(MainForm& f, int row, int col, const QString& text);
 
 inline const QString kStart = QStringLiteral("1|0|255|label here");
 // The middle row has a mark of its own, so that the tests see which part keeps it.
