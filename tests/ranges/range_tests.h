@@ -1,8 +1,6 @@
 #pragma once
 // Tests of the range grid: its editor, merge, auto split and the bar strip.
 
-#include <QString>
-
 #include "gui/grid.h"
 #include "support/form_fixture.h"
 
@@ -25,5 +23,4 @@ class TestRanges : public FormFixture {
     void splitDialogKeys();
     void randomOperationsKeepTiling();
     void colours();
-    void bars();
 };

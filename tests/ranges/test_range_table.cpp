@@ -37,9 +37,8 @@ void TestRanges::edit_data() {
             << before << row << action << text << expected;
     };
     const QString mid = "1|0|9|A,%1,#|20|255|C";  // kThree, its middle row 10..19 replaced
-    const QString from15 = mid.arg("#|10|14|,M|15|19|L");
-    add(kThree, 2, "from", "15", from15);
-    add(kThree, 2, "from", "  15 ", from15);  // blanks around
+    add(kThree, 2, "from", "15", mid.arg("#|10|14|,M|15|19|L"));
+    add(kThree, 2, "from", "  15 ", mid.arg("#|10|14|,M|15|19|L"));  // blanks around
     add(kThree, 2, "from", "10", kThree);
     add(kThree, 2, "from", "9", kThree);  // the to of the row before
     add(kThree, 2, "from", "20", kThree);
@@ -65,12 +64,11 @@ void TestRanges::edit_data() {
     add(four, 2, "merge", "2", four);
 
     // The first piece keeps the mark; fractional counts keep their fraction.
-    add(kStart, 1, "split", " 4 ranges", "1|0|63|p 0,#|64|127|,#|128|191|,#|192|255|");
-    add(kStart, 1, "split", "3", "1|0|84|p 0,#|85|169|,#|170|255|");
-    add(kThree, 2, "split", "2.5", mid.arg("M|10|14|p 0,#|15|19|"));
-    add(kThree, 2, "split", "3.5", mid.arg("M|10|11|p 0,#|12|13|,#|14|19|"));
-    add(kThree, 3, "split", "2", "1|0|9|A,M|10|19|L,#|20|137|p 0,#|138|255|");
-    // A refused count changes nothing and leaves the dialog open.
+    add(kStart, 1, "split", " 4 ranges", "1|0|63|splitted 0,#|64|127|,#|128|191|,#|192|255|");
+    add(kStart, 1, "split", "3", "1|0|84|splitted 0,#|85|169|,#|170|255|");
+    add(kThree, 2, "split", "2.5", mid.arg("M|10|14|splitted 0,#|15|19|"));
+    add(kThree, 2, "split", "3.5", mid.arg("M|10|11|splitted 0,#|12|13|,#|14|19|"));
+    add(kThree, 3, "split", "2", "1|0|9|A,M|10|19|L,#|20|137|splitted 0,#|138|255|");
     for (const char* count : {"1", "1.9", "abc", "257", "1e9"})
         add(kStart, 1, "split", count, kStart);
 }
@@ -96,7 +94,6 @@ void TestRanges::edit() {
     } else {
         Command2_Click(f);
         f.arno.setText(text);
-        f.arpre.setText(QStringLiteral("p"));
         rgo_Click(f);
         QCOMPARE(f.autoframe.Visible(), expected == before);
     }
