@@ -10,7 +10,6 @@ class TestChannels : public FormFixture {
     Q_OBJECT
   private:
     QStringList bodyRows();  // the channel rows, each as its cells with ";" between them
-    void watchModel();       // QAbstractItemModelTester on the grid for this test
     void openCell(int row, int col);
     void replaceEntry(const QString& text);  // select all in the edit box, then type
 

@@ -80,19 +80,18 @@ void TestChannels::entry() {
     PressKey(Qt::Key_Return);
     QCOMPARE(f.table.TextMatrix(1, col), expected);
     QVERIFY(!f.editframe.Visible() && HasFocus(f.table));
-    // With no edit open, a click changes no cell, whatever the edit box still holds.
+    // With no edit open, a click changes no cell, whatever the edit box still holds; the next
+    // key opens the editor again, with no list left over from a choice column.
     f.editcombo.setText(QStringLiteral("5"));
     ClickCell(f.table, 1, kComment);
     QCOMPARE(f.table.TextMatrix(1, col), expected);
-    // The next key opens the editor again, with no list left over from a choice column.
     TypeKeys("x");
     QTRY_VERIFY(HasFocus(f.editcombo));
     QCOMPARE(f.editcombo.ListCount(), 0);
 }
 
-// Every click on the grid commits the open edit into its own cell and closes the preset
-// panel: on a cell, a head, a mark or the empty area. Only a click on a cell moves the
-// current cell; a double click on the empty area opens the editor on the current cell.
+// Every click on the grid commits the open edit into its own cell and closes the preset panel.
+// Only a click on a cell moves the current cell; a double click opens the editor on it.
 void TestChannels::clickCommits_data() {
     QTest::addColumn<QString>("where");
     for (const char* where : {"cell", "head", "corner", "mark", "empty area",
