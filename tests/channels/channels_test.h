@@ -1,7 +1,6 @@
 #pragma once
 // Tests of the channel table, its presets and its floating cell editor.
 
-#include <QString>
 #include <QStringList>
 
 #include "support/form_fixture.h"
@@ -15,7 +14,7 @@ class TestChannels : public FormFixture {
 
   private slots:
     void init();
-    void addAndDelete();
+    void commands();  // add, delete, the preset panel, Previous and Next
     void rowCap();
     void preset_data();
     void preset();
@@ -23,7 +22,6 @@ class TestChannels : public FormFixture {
     void entry();
     void clickCommits_data();
     void clickCommits();
-    void nextCommitsPreviousDoesNot();
     void randomEntriesStayInBounds();
     void cutCellShowsItsTextInATip_data();
     void cutCellShowsItsTextInATip();
