@@ -9,12 +9,11 @@
 
 using namespace gui::testing;
 
-// Every test starts on the page of the table, whose model a QAbstractItemModelTester watches.
+// Every test starts on the page of the table, its model watched by a QAbstractItemModelTester.
 void TestChannels::init() {
     FormFixture::init();
     if (!QTest::currentTestFailed()) goToPage(2);
-    new QAbstractItemModelTester(ModelOf(form().table),
-                                 ModelOf(form().table));  // reports through QtTest
+    new QAbstractItemModelTester(ModelOf(form().table), ModelOf(form().table));
 }
 
 QStringList TestChannels::bodyRows() {
