@@ -20,6 +20,10 @@ class QAbstractButton;
 class QListWidget;
 
 namespace gui {
+
+namespace detail {
+class FocusReturn;
+}
 namespace detail {
 class MultiLineBox;
 }
@@ -86,6 +90,7 @@ class Frame : public Control {
 
   private:
     QString tag_;
+    detail::FocusReturn* focusReturn_ = nullptr;  // made when the frame first shows
 };
 
 class Label : public Control {

@@ -8,6 +8,32 @@
 #include "gui/control.h"
 
 namespace gui {
+namespace detail {
+
+// Remembers where the focus came from when it entered the frame. A frame that hides while it
+// holds the focus gives it back there; left to itself, Qt would pass it on along the tab chain
+// to whatever comes next, on the channel page "Next >", which a Space would then press.
+class FocusReturn : public QObject {
+  public:
+    explicit FocusReturn(QWidget* frame) : QObject(frame), frame_(frame) {
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
+            if (inside(now) && !inside(old)) cameFrom_ = old;
+        });
+    }
+    void giveBack() {
+        if (inside(QApplication::focusWidget()) && cameFrom_ && cameFrom_->isVisible() &&
+            cameFrom_->isEnabled())
+            cameFrom_->setFocus(Qt::OtherFocusReason);
+    }
+
+  private:
+    bool inside(const QWidget* w) const { return w && frame_->isAncestorOf(w); }
+    QWidget* frame_;
+    QPointer<QWidget> cameFrom_;
+};
+
+}  // namespace detail
+
 namespace {
 
 // Watches every key of the application: a plain push button acts on Return only inside a
@@ -44,28 +70,6 @@ class DialogKeys : public QObject {
     Button& cancel_;
 };
 
-// Remembers where the focus came from when it entered the frame. A frame that hides while it
-// holds the focus gives it back there; left to itself, Qt would pass it on along the tab chain
-// to whatever comes next, on the channel page "Next >", which a Space would then press.
-class FocusReturn : public QObject {
-  public:
-    explicit FocusReturn(QWidget* frame) : QObject(frame), frame_(frame) {
-        connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
-            if (inside(now) && !inside(old)) cameFrom_ = old;
-        });
-    }
-    void giveBack() {
-        if (inside(QApplication::focusWidget()) && cameFrom_ && cameFrom_->isVisible() &&
-            cameFrom_->isEnabled())
-            cameFrom_->setFocus(Qt::OtherFocusReason);
-    }
-
-  private:
-    bool inside(const QWidget* w) const { return w && frame_->isAncestorOf(w); }
-    QWidget* frame_;
-    QPointer<QWidget> cameFrom_;
-};
-
 bool TakesInput(const QWidget* w) {
     return (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy() &&
            !qobject_cast<const QPushButton*>(w);
@@ -74,9 +78,8 @@ bool TakesInput(const QWidget* w) {
 }  // namespace
 
 void Frame::setVisible(bool visible) {
-    auto* focus = widget_->findChild<FocusReturn*>(QString(), Qt::FindDirectChildrenOnly);
-    if (visible && !focus) new FocusReturn(widget_);
-    if (!visible && focus) focus->giveBack();
+    if (visible && !focusReturn_) focusReturn_ = new detail::FocusReturn(widget_);
+    if (!visible && focusReturn_) focusReturn_->giveBack();
     widget_->setVisible(visible);
 }
 

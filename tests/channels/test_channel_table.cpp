@@ -134,6 +134,8 @@ void TestChannels::preset() {
         Click(form().adddef);
         i >= 0 && i < 25 ? Click(form().Command6[i]) : Command6_Click(form(), std::int16_t(i));
         QVERIFY(!form().defaultsframe.Visible());
+        // The focus goes back where it was, not on to "Next >", which a Space would press.
+        if (i >= 0 && i < 25) QCOMPARE(FocusName(), QStringLiteral("adddef"));
     }
     QStringList got = bodyRows();
     QCOMPARE(got.mid(0, before.size()), before);  // a preset never fills the rows there were
