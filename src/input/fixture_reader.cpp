@@ -2,8 +2,8 @@
 
 #include <QFile>
 
+#include "common/code_page.h"
 #include "input/channel_lines.h"
-#include "input/file_text.h"
 
 namespace input {
 

@@ -4,11 +4,11 @@
 #include <QIODevice>
 #include <algorithm>
 
+#include "common/code_page.h"
 #include "common/number.h"
 #include "gui/system.h"
 #include "output/channel_columns.h"
 #include "output/channel_line.h"
-#include "output/code_page.h"
 #include "output/comment_lines.h"
 #include "wizard/main_form.h"
 

@@ -6,9 +6,9 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include "common/code_page.h"
 #include "common/number.h"
 #include "output/channel_line.h"
-#include "output/code_page.h"
 #include "output/comment_lines.h"
 #include "output/fixture_file.h"
 #include "output_test.h"

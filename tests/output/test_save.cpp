@@ -5,10 +5,10 @@
 #include <QTest>
 #include <QTimer>
 
+#include "common/code_page.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
 #include "gui/testing.h"
-#include "output/code_page.h"
 #include "output/save_flow.h"
 #include "output_test.h"
 #include "wizard/fixture_pages.h"

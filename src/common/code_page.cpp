@@ -1,4 +1,4 @@
-#include "output/code_page.h"
+#include "common/code_page.h"
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -24,6 +24,19 @@ QByteArray ToFileBytes(const QString& text) {
     QByteArray bytes(size, Qt::Uninitialized);
     WideCharToMultiByte(page, flags, wide, length, bytes.data(), size, replacement, nullptr);
     return bytes;
+}
+
+std::optional<QString> FromFileBytes(QByteArrayView bytes) {
+    if (bytes.isEmpty()) return QString();
+    const int size = static_cast<int>(bytes.size());
+    const UINT page = GetACP();
+    const int length =
+        MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
+    if (length <= 0) return std::nullopt;
+    QString text(length, Qt::Uninitialized);
+    MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, bytes.data(), size,
+                        reinterpret_cast<wchar_t*>(text.data()), length);
+    return text;
 }
 
 #else
@@ -63,6 +76,21 @@ QByteArray ToFileBytes(const QString& text) {
     }
     bytes.truncate(out - bytes.constData());
     return bytes;
+}
+
+std::optional<QString> FromFileBytes(QByteArrayView bytes) {
+    QString text(bytes.size(), Qt::Uninitialized);
+    QChar* out = text.data();
+    for (const char byte : bytes) {
+        const auto b = static_cast<unsigned char>(byte);
+        char16_t c = b;
+        if (b >= 0x80 && b < 0xA0) {
+            c = kHighControls[b - 0x80];
+            if (c == 0) return std::nullopt;
+        }
+        *out++ = QChar(c);
+    }
+    return text;
 }
 
 #endif
