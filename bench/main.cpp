@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <functional>
 #include <vector>
 
 #include "channels/cell_editor.h"
@@ -97,22 +98,21 @@ int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
 // Child process on a real display: shows the form (or the bare window) and says "shown" once
 // it has painted itself.
 int VisibleChild(int argc, char** argv, bool bare, const QByteArray& kinds) {
-    auto said = [] {
+    const std::function<void()> say = [] {
         std::printf("shown\n");
         std::fflush(stdout);
-        return 0;
     };
     if (bare) {
         gui::testing::BareWindow::Application app(argc, argv);
         gui::testing::BareWindow window(QString::fromLatin1(kinds).split(u','));
-        window.WaitUntilPainted();
-        return said();
+        window.WaitUntilPainted(say);
+        return 0;
     }
     gui::Application app(argc, argv);
     MainForm form;
     StartWizard(form);
-    gui::testing::WaitUntilPainted(form.main);
-    return said();
+    gui::testing::WaitUntilPainted(form.main, say);
+    return 0;
 }
 
 QList<QByteArray> RunChild(const QString& self, const QStringList& args) {

@@ -18,7 +18,7 @@ Application::Application(int& argc, char** argv) : impl_(std::make_unique<Impl>(
     // Whatever Qt draws on its own (headers, tips, menus) uses the form's font too, so that
     // start loads one family instead of two.
     QApplication::setFont(detail::FontFor(Look{}));
-    QApplication::setWindowIcon(detail::IconSetOf(QStringLiteral(":/icons")));
+    // The window icon follows once the form has painted (gui::Form).
 }
 
 Application::~Application() = default;

@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTextEdit>
+#include <QTimer>
 
 #include "gui/accessibility.h"
 #include "gui/multi_line_box.h"
@@ -40,8 +41,20 @@ Qt::Alignment AlignmentOf(Align align) {
 class FormWindow : public QWidget {
   public:
     std::function<void(int&, int&)> queryUnload;
+    QString iconFolder;  // the window icon's pictures, until they are set
 
   protected:
+    // The icon comes in eight sizes, which X11 copies in full into the window's properties
+    // before it maps the window. Set right after the first paint, for this window and every
+    // dialog, it no longer keeps the form from coming on screen.
+    void paintEvent(QPaintEvent* event) override {
+        QWidget::paintEvent(event);
+        if (iconFolder.isEmpty()) return;
+        QTimer::singleShot(0, this, [folder = iconFolder] {
+            QApplication::setWindowIcon(detail::IconSetOf(folder));
+        });
+        iconFolder.clear();
+    }
     void closeEvent(QCloseEvent* event) override {
         int cancel = 0;
         int mode = 0;
@@ -154,7 +167,7 @@ Form::~Form() {
     delete widget_;
 }
 
-void Form::create(const QString& name, const Look& look, const QString& iconResource) {
+void Form::create(const QString& name, const Look& look, const QString& iconFolder) {
     auto* window = new FormWindow;
     window->setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
@@ -162,7 +175,7 @@ void Form::create(const QString& name, const Look& look, const QString& iconReso
     adopt(window, none, name, look);
     window->setFixedSize(TwipsToPixels(look.width), TwipsToPixels(look.height));
     window->setWindowTitle(look.caption);
-    if (!iconResource.isEmpty()) window->setWindowIcon(detail::IconSetOf(iconResource));
+    window->iconFolder = iconFolder;
 }
 
 QString Form::Caption() const {

@@ -61,7 +61,7 @@ class Form : public Control {
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
-    void create(const QString& name, const Look& look, const QString& iconResource);
+    void create(const QString& name, const Look& look, const QString& iconFolder);
     QString Caption() const;
     void onQueryUnload(std::function<void(int& cancel, int& unloadMode)> handler);
     void Show();

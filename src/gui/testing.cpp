@@ -326,22 +326,31 @@ void BareWindow::PaintNow() {
 
 namespace {
 
-void RunUntilPainted(QWidget* window) {
+void RunUntilPainted(QWidget* window, const std::function<void()>& painted) {
     class PaintSeen : public QObject {
       public:
-        explicit PaintSeen(QEventLoop& loop) : loop_(loop) {}
+        PaintSeen(QEventLoop& loop, const std::function<void()>& painted)
+            : loop_(loop), painted_(painted) {}
         bool eventFilter(QObject*, QEvent* event) override {
-            // Ends the loop once this paint is done.
+            // Once this paint is done and on screen, before whatever the paint itself set
+            // going: says so and ends the loop.
             if (event->type() == QEvent::Paint)
-                QMetaObject::invokeMethod(&loop_, &QEventLoop::quit, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(
+                    &loop_,
+                    [this] {
+                        if (painted_) painted_();
+                        loop_.quit();
+                    },
+                    Qt::QueuedConnection);
             return false;
         }
 
       private:
         QEventLoop& loop_;
+        const std::function<void()>& painted_;
     };
     QEventLoop loop;
-    PaintSeen filter(loop);
+    PaintSeen filter(loop, painted);
     window->installEventFilter(&filter);
     loop.exec();
     window->removeEventFilter(&filter);
@@ -349,8 +358,8 @@ void RunUntilPainted(QWidget* window) {
 
 }  // namespace
 
-void BareWindow::WaitUntilPainted() {
-    RunUntilPainted(window_);
+void BareWindow::WaitUntilPainted(const std::function<void()>& painted) {
+    RunUntilPainted(window_, painted);
 }
 
 int WidgetCount(Form& form) {
@@ -379,8 +388,8 @@ void PaintNow(Control& control) {
     control.widget()->grab();
 }
 
-void WaitUntilPainted(Control& window) {
-    RunUntilPainted(window.widget());
+void WaitUntilPainted(Control& window, const std::function<void()>& painted) {
+    RunUntilPainted(window.widget(), painted);
 }
 
 }  // namespace gui::testing

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 #include <Qt>
+#include <functional>
 
 #include "gui/control.h"
 #include "gui/grid.h"
@@ -93,7 +94,7 @@ class BareWindow {
     BareWindow(const BareWindow&) = delete;
     BareWindow& operator=(const BareWindow&) = delete;
     void PaintNow();
-    void WaitUntilPainted();  // see the free function below
+    void WaitUntilPainted(const std::function<void()>& painted = {});  // as the free function below
 
   private:
     QWidget* window_;
@@ -103,8 +104,9 @@ int WidgetCount(Form& form);           // the form and everything on it
 QStringList ControlKinds(Form& form);  // the Qt class of each named control on the form
 void PaintNow(Control& control);       // renders it in full at once
 // Runs the event loop until the window has painted itself for the first time: on a real
-// display, the moment a person first sees it.
-void WaitUntilPainted(Control& window);
+// display, the moment a person first sees it. `painted` runs at that moment, before any
+// work that the paint itself set going.
+void WaitUntilPainted(Control& window, const std::function<void()>& painted = {});
 
 }  // namespace gui::testing
 

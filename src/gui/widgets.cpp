@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFontDatabase>
 #include <QHash>
-#include <QIconEngine>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -45,45 +44,12 @@ QFont FontFor(const Look& look) {
     return font;
 }
 
-namespace {
-
-// The files are read when the icon is first asked for, not when it is set: reading a picture
-// loads Qt's image readers, which at start would cost a fifth of the time to the first paint.
-class IconFiles : public QIconEngine {
-  public:
-    explicit IconFiles(QString folder) : folder_(std::move(folder)) {}
-    QIconEngine* clone() const override { return new IconFiles(folder_); }
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
-               QIcon::State state) override {
-        icon().paint(painter, rect, Qt::AlignCenter, mode, state);
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        return icon().pixmap(size, mode, state);
-    }
-    QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        return icon().actualSize(size, mode, state);
-    }
-    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
-        return icon().availableSizes(mode, state);
-    }
-
-  private:
-    const QIcon& icon() {
-        if (icon_.isNull()) {
-            const QDir dir(folder_);
-            for (const QString& file : dir.entryList({QStringLiteral("*.png")}, QDir::Files))
-                icon_.addFile(dir.filePath(file));
-        }
-        return icon_;
-    }
-    QString folder_;
-    QIcon icon_;
-};
-
-}  // namespace
-
 QIcon IconSetOf(const QString& folder) {
-    return QIcon(new IconFiles(folder));
+    QIcon icon;
+    const QDir dir(folder);
+    for (const QString& file : dir.entryList({QStringLiteral("*.png")}, QDir::Files))
+        icon.addFile(dir.filePath(file));
+    return icon;
 }
 
 QPixmap PictureAt(const QString& resource, qreal pixelRatio) {
