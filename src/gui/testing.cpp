@@ -201,45 +201,9 @@ QString CaptionOf(QObject* control) {
     return {};
 }
 
-QRect PlaceOf(QObject* control) {
-    auto* w = qobject_cast<QWidget*>(control);
-    if (!w) return {};
-    const QRect g = w->isWindow() ? QRect(QPoint(), w->size()) : w->geometry();
-    return QRect(PixelsToTwips(g.x()), PixelsToTwips(g.y()), PixelsToTwips(g.width()),
-                 PixelsToTwips(g.height()));
-}
-
-QString KindOf(QObject* control) {
-    if (qobject_cast<QRadioButton*>(control)) return QStringLiteral("option");
-    if (qobject_cast<QCheckBox*>(control)) return QStringLiteral("check box");
-    if (qobject_cast<QAbstractButton*>(control)) return QStringLiteral("button");
-    if (qobject_cast<QGroupBox*>(control)) return QStringLiteral("frame");
-    if (qobject_cast<QLineEdit*>(control) || qobject_cast<QTextEdit*>(control))
-        return QStringLiteral("text box");
-    if (qobject_cast<QComboBox*>(control)) return QStringLiteral("combo box");
-    if (qobject_cast<QListWidget*>(control)) return QStringLiteral("list box");
-    if (dynamic_cast<GridView*>(control)) return QStringLiteral("grid");
-    if (auto* l = qobject_cast<QLabel*>(control))
-        return l->pixmap().isNull() ? QStringLiteral("label") : QStringLiteral("image");
-    if (auto* w = qobject_cast<QWidget*>(control); w && w->isWindow())
-        return QStringLiteral("form");
-    if (qobject_cast<QFrame*>(control)) return QStringLiteral("line");
-    return QStringLiteral("picture");
-}
-
-bool EnabledOf(QObject* control) {
-    auto* w = qobject_cast<QWidget*>(control);
-    return w && w->isEnabled();
-}
-
 bool HiddenOf(QObject* control) {
     auto* w = qobject_cast<QWidget*>(control);
     return w && w->isHidden();
-}
-
-QString ToolTipOf(QObject* control) {
-    auto* w = qobject_cast<QWidget*>(control);
-    return w ? w->toolTip() : QString();
 }
 
 QImage PictureOf(QObject* control, qreal pixelRatio) {
@@ -253,19 +217,9 @@ QList<QSize> IconSizesOf(Form& form) {
     return form.widget()->windowIcon().availableSizes();
 }
 
-QString AccessibleNameOf(QObject* control) {
-    auto* w = qobject_cast<QWidget*>(control);
-    return w ? w->accessibleName() : QString();
-}
-
 int FontPointsX100(QObject* control) {
     auto* w = qobject_cast<QWidget*>(control);
     return w ? qRound(w->font().pointSizeF() * 100) : 0;
-}
-
-bool BoldOf(QObject* control) {
-    auto* w = qobject_cast<QWidget*>(control);
-    return w && w->font().bold();
 }
 
 }  // namespace gui::testing
@@ -360,10 +314,6 @@ void RunUntilPainted(QWidget* window, const std::function<void()>& painted) {
 
 void BareWindow::WaitUntilPainted(const std::function<void()>& painted) {
     RunUntilPainted(window_, painted);
-}
-
-int WidgetCount(Form& form) {
-    return 1 + static_cast<int>(form.widget()->findChildren<QWidget*>().size());
 }
 
 QStringList ControlKinds(Form& form) {

@@ -55,18 +55,12 @@ bool HasFocus(const Control& control);
 QObject* Find(Form& form, const QString& name);
 QString CaptionOf(QObject* control);  // caption, title or text of whatever control it is,
                                       // a message box's text too
-QRect PlaceOf(QObject* control);      // Left, Top, Width, Height in twips
-QString KindOf(QObject* control);     // "label", "button", "frame", "text box", ...
-bool EnabledOf(QObject* control);
-bool HiddenOf(QObject* control);  // its own visible state is off
-QString ToolTipOf(QObject* control);
+bool HiddenOf(QObject* control);      // its own visible state is off
 // The picture of a button or image as drawn for a screen of `pixelRatio` device pixels per
 // pixel; a null image for a control without one.
 QImage PictureOf(QObject* control, qreal pixelRatio);
 QList<QSize> IconSizesOf(Form& form);  // the sizes the window offers its icon in
-QString AccessibleNameOf(QObject* control);
 int FontPointsX100(QObject* control);  // font size in hundredths of a point
-bool BoldOf(QObject* control);
 
 }  // namespace gui::testing
 
@@ -100,7 +94,6 @@ class BareWindow {
     QWidget* window_;
 };
 
-int WidgetCount(Form& form);           // the form and everything on it
 QStringList ControlKinds(Form& form);  // the Qt class of each named control on the form
 void PaintNow(Control& control);       // renders it in full at once
 // Runs the event loop until the window has painted itself for the first time: on a real
