@@ -31,7 +31,7 @@ struct Look {
     bool scrollBars = false;  // multi-line text box: both scroll bars
     QString tag{};            // free text tag
     QString toolTip{};
-    QString picture{};         // resource name of a picture, e.g. ":/pictures/add.xpm"
+    QString picture{};         // resource name of a picture, e.g. ":/pictures/add.svg"
     QString accessibleName{};  // what a screen reader calls a control that shows no text
                                // and has no label beside it
     int coveredRight = 0;      // label: twips at its right edge that a control laid over it hides

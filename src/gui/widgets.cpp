@@ -57,20 +57,14 @@ QPixmap PictureAt(const QString& resource, qreal pixelRatio) {
     const QString key = resource + u'@' + QString::number(pixelRatio);
     const auto found = drawn.constFind(key);
     if (found != drawn.constEnd()) return *found;
-    QPixmap pixmap;
-    if (resource.endsWith(QLatin1String(".svg"))) {
-        QSvgRenderer drawing(resource);
-        const QSize size = drawing.defaultSize() * pixelRatio;
-        QImage image(size, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        drawing.render(&painter);
-        painter.end();
-        pixmap = QPixmap::fromImage(image);
-        pixmap.setDevicePixelRatio(pixelRatio);
-    } else {
-        pixmap = QPixmap(resource);
-    }
+    QSvgRenderer drawing(resource);
+    QImage image(drawing.defaultSize() * pixelRatio, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    drawing.render(&painter);
+    painter.end();
+    QPixmap pixmap = QPixmap::fromImage(image);
+    pixmap.setDevicePixelRatio(pixelRatio);
     drawn.insert(key, pixmap);
     return pixmap;
 }

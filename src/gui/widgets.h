@@ -20,9 +20,9 @@ QFont FontFor(const Look& look);
 // The window icon: every PNG in the resource folder `folder`, one size each, so that the
 // desktop picks the size it shows instead of scaling one.
 QIcon IconSetOf(const QString& folder);
-// The picture in `resource` at its own size in device-independent pixels, drawn for a screen
-// of `pixelRatio` device pixels per pixel. A drawing (.svg) is drawn at that ratio and stays
-// sharp; a bitmap keeps its pixels. Each picture is drawn once per size and ratio.
+// The drawing (.svg) in `resource` at its own size in device-independent pixels, drawn for a
+// screen of `pixelRatio` device pixels per pixel, so that it stays sharp. Each picture is drawn
+// once per ratio.
 QPixmap PictureAt(const QString& resource, qreal pixelRatio);
 QColor ColourOf(int rgb);  // 0xRRGGBB
 void ApplyColours(QWidget* widget, const Look& look, QPalette::ColorRole foreRole,

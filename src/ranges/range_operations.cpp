@@ -72,7 +72,3 @@ void rgo_Click(MainForm& f) {
     }
     f.autoframe.setVisible(false);
 }
-
-void WireAutoSplitKeys(MainForm& f) {
-    f.autoframe.setDialogButtons(f.rgo, f.Command1);
-}

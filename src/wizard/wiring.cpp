@@ -38,5 +38,6 @@ void WireEvents(MainForm& f) {
     f.Command2.onClick([m] { Command2_Click(*m); });
     f.Command1.onClick([m] { Command1_Click(*m); });
     f.rgo.onClick([m] { rgo_Click(*m); });
-    WireAutoSplitKeys(f);
+    // While the split dialog shows, Return presses OK and Escape X, wherever the focus is.
+    f.autoframe.setDialogButtons(f.rgo, f.Command1);
 }
