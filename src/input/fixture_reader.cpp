@@ -1,8 +1,7 @@
 #include "input/fixture_reader.h"
 
-#include <QFile>
-
 #include "common/code_page.h"
+#include "input/file_bytes.h"
 #include "input/channel_lines.h"
 
 namespace input {
@@ -171,11 +170,9 @@ ReadOutcome ReadFixtureBytes(const QByteArray& bytes) {
 }
 
 ReadOutcome ReadFixtureFile(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {std::nullopt, file.errorString()};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) return {std::nullopt, file.errorString()};
-    return ReadFixtureBytes(bytes);
+    const FileBytes file = ReadRegularFile(path);
+    if (!file.bytes) return {std::nullopt, file.error};
+    return ReadFixtureBytes(*file.bytes);
 }
 
 }  // namespace input

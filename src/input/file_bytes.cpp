@@ -1,0 +1,27 @@
+#include "input/file_bytes.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace input {
+
+FileBytes ReadRegularFile(const QString& path, qint64 maxBytes) {
+    const QFileInfo info(path);
+    QFile file(path);
+    if (!info.exists()) return {std::nullopt, QStringLiteral("No such file or directory")};
+    if (info.isDir()) return {std::nullopt, QStringLiteral("it is a folder")};
+    if (!info.isFile()) return {std::nullopt, QStringLiteral("it is no regular file")};
+    if (info.size() > maxBytes)
+        return {std::nullopt, QStringLiteral("it is too large (%1 bytes, at most %2)")
+                                  .arg(info.size())
+                                  .arg(maxBytes)};
+    if (!file.open(QIODevice::ReadOnly)) return {std::nullopt, file.errorString()};
+    // The file may have grown since it was looked at: read no more than the bound allows.
+    QByteArray bytes = file.read(maxBytes + 1);
+    if (file.error() != QFileDevice::NoError) return {std::nullopt, file.errorString()};
+    if (bytes.size() > maxBytes)
+        return {std::nullopt, QStringLiteral("it is too large (more than %1 bytes)").arg(maxBytes)};
+    return {std::move(bytes), QString()};
+}
+
+}  // namespace input
