@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "common/channel_presets.h"
+
 using gui::Align;
 using gui::Look;
 
@@ -12,9 +14,7 @@ const QString kErrorText =
     QStringLiteral("ERROR MESSAGE HERE !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!");
 constexpr int kRed = 0xFF0000;
 
-const QString kPatchText = QStringLiteral(
-    "\r\n\r\nINPUT fixture DMX No.\r\nPress a Fixture\r\nSelect or Swop button to \r\n"
-    "make the patch.\r\n");
+const QString kPatchText = QString::fromLatin1(common::kDefaultPatchText);
 
 const QString kLabel12 = QStringLiteral(
     "\"dmx\" fields rapresent the offset from 1 to the number of dmx channels occupied by "
