@@ -66,6 +66,8 @@ class Form : public Control {
     void onQueryUnload(std::function<void(int& cancel, int& unloadMode)> handler);
     void Show();
     void Close();  // asks, as the close box does
+    // A local file dropped anywhere on the window; its path goes to `handler`.
+    void onFileDrop(std::function<void(const QString&)> handler);
 };
 
 class Button;

@@ -56,8 +56,17 @@ const std::vector<SaveDialogCall>& SaveDialogCalls() {
     return Seams().saveCalls;
 }
 
+void QueueOpenAnswer(std::optional<QString> path) {
+    Seams().testMode = true;
+    Seams().openAnswers.push_back(std::move(path));
+}
+const std::vector<OpenDialogCall>& OpenDialogCalls() {
+    return Seams().openCalls;
+}
+
 int PendingAnswers() {
-    return static_cast<int>(Seams().msgBoxAnswers.size() + Seams().saveAnswers.size()) +
+    return static_cast<int>(Seams().msgBoxAnswers.size() + Seams().saveAnswers.size() +
+                            Seams().openAnswers.size()) +
            Seams().realSaveDialogs;
 }
 
@@ -82,6 +91,8 @@ void Reset() {
     s.realSaveDialogs = 0;
     s.msgBoxCalls.clear();
     s.saveCalls.clear();
+    s.openAnswers.clear();
+    s.openCalls.clear();
     s.fixedClock.reset();
     s.endRequested = false;
     s.unanswered = 0;

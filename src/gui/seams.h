@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -23,6 +24,12 @@ struct SaveDialogCall {
     bool overwritePrompt = false;
 };
 
+struct OpenDialogCall {
+    QString title;
+    QStringList filters;
+    QString initDir;
+};
+
 // Message box: the next answer pressed (kAnswerYes, kAnswerNo, kAnswerOk ...).
 void QueueMsgBoxAnswer(int answer);
 // Save dialog: the chosen path, or nothing for a cancel.
@@ -33,6 +40,9 @@ void RunRealSaveDialog();
 
 const std::vector<MsgBoxCall>& MsgBoxCalls();
 const std::vector<SaveDialogCall>& SaveDialogCalls();
+// Open dialog: the chosen path, or nothing for a cancel.
+void QueueOpenAnswer(std::optional<QString> path);
+const std::vector<OpenDialogCall>& OpenDialogCalls();
 int PendingAnswers();   // answers queued and not used yet
 int UnansweredCalls();  // dialogs that came up in a test with no answer queued
 

@@ -17,6 +17,8 @@ struct SeamState {
     int realSaveDialogs = 0;  // save dialogs that a test lets come up for real, in turn
     std::vector<seams::MsgBoxCall> msgBoxCalls;
     std::vector<seams::SaveDialogCall> saveCalls;
+    std::deque<std::optional<QString>> openAnswers;
+    std::vector<seams::OpenDialogCall> openCalls;
     std::optional<QDateTime> fixedClock;
     bool endRequested = false;
     int unanswered = 0;  // dialogs a test let come up without an answer

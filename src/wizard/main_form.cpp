@@ -97,6 +97,7 @@ MainForm::MainForm() {
     movinghead.create(p0, "movinghead", {.caption = "Moving Head", .left = 360, .top = 3120, .width = 1695, .height = 375});
     mirror.create(p0, "mirror", {.caption = "Mirror", .left = 1920, .top = 3120, .width = 1095, .height = 375});
     otherkind.create(p0, "otherkind", {.caption = "Other kind of fixture", .left = 3120, .top = 3120, .width = 3495, .height = 375});
+    openfixture.create(p0, "openfixture", {.caption = "Open\u2026", .left = 360, .top = 4320, .width = 1455, .height = 375, .toolTip = "Start from a fixture file (.R20) or a QLC+ fixture (.qxf)"});
 
     // ---- Page index 1 ----
     auto& p1 = stepf[1];

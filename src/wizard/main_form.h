@@ -25,6 +25,7 @@ struct MainForm {
     gui::Label Label1, Label2, Label3, Label4, Label5;
     gui::TextBox manifacturer, model, nameondesk;
     gui::OptionButton movinghead, mirror, otherkind;
+    gui::Button openfixture;  // opens a fixture file or a QLC+ fixture to start from
 
     // Page index 1: limits, patching, degrees.
     gui::CheckBox Check3, Check2;

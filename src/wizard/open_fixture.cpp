@@ -1,7 +1,15 @@
 #include "wizard/open_fixture.h"
 
+#include <QDir>
+#include <QFileInfo>
+
+#include "channels/cell_editor.h"
+#include "common/channel_presets.h"
+#include "gui/choosers.h"
 #include "gui/dialogs.h"
-#include "input/fixture_reader.h"
+#include "input/fixture_source.h"
+#include "input/qxf_mapping.h"
+#include "wizard/engine.h"
 #include "wizard/main_form.h"
 
 namespace {
@@ -17,17 +25,16 @@ void SelectFixtureType(MainForm& f, const input::FixtureFile& file) {
         // Kind 0 with no degrees is what the other kind writes; any other kind 0 is a
         // fixture with no type chosen and the degrees typed by hand.
         f.otherkind.setValue(true);
+    } else {
+        for (gui::OptionButton* option : {&f.movinghead, &f.mirror, &f.otherkind})
+            option->setValue(false);
     }
 }
 
 // The file's rows take the place of the table's rows; a file without channel lines leaves
-// one row that reaches no line of the file.
+// one empty row that reaches no line of the file.
 void FillChannelTable(MainForm& f, const input::FixtureFile& file) {
     gui::Grid& table = f.table;
-    if (file.channelRows.isEmpty()) {
-        table.setTextMatrix(1, 2, QString());
-        return;
-    }
     const int startRows = table.Rows() - 1;
     for (const QStringList& cells : file.channelRows) {
         table.AddItem(QStringLiteral("#"));
@@ -36,7 +43,52 @@ void FillChannelTable(MainForm& f, const input::FixtureFile& file) {
         for (int column = 1; column < cells.size(); ++column)
             table.setTextMatrix(row, column, cells[column]);
     }
+    if (file.channelRows.isEmpty()) {
+        table.AddItem(QStringLiteral("1"));
+    }
     for (int i = 0; i < startRows; ++i) table.RemoveItem(1);
+}
+
+// Whether the pages hold anything beyond what the wizard starts with.
+bool PagesHoldData(const MainForm& f) {
+    for (const gui::TextBox* box : {&f.manifacturer, &f.model, &f.nameondesk})
+        if (!box->Text().isEmpty()) return true;
+    if (f.movinghead.Value() || f.mirror.Value() || f.otherkind.Value()) return true;
+    if (f.patchdisplay.Text() != QString::fromLatin1(common::kDefaultPatchText)) return true;
+    if (f.table.Rows() > 2) return true;
+    for (int column = 1; column < f.table.Cols(); ++column)
+        if (f.table.TextMatrix(1, column) != (column == 2 ? QStringLiteral("0") : QString()))
+            return true;
+    return false;
+}
+
+void Refuse(MainForm& f, const QString& path, const QString& reason) {
+    gui::MsgBox(QStringLiteral("File ") + path + QStringLiteral(" could not be read: ") + reason,
+                gui::kCritical, f.main.Caption());
+}
+
+// The mode of a QLC+ fixture that fills the pages: the one `choice` names, the only one, or
+// the one the user picks from the list. Nothing when there is none or the user left the list.
+std::optional<int> PickMode(MainForm& f, const QString& path, const input::QxfFixture& fixture,
+                            const QString& choice) {
+    if (!choice.isEmpty()) {
+        const std::optional<int> found = input::FindQxfMode(fixture, choice);
+        if (!found) Refuse(f, path, QStringLiteral("the fixture has no mode \"%1\"").arg(choice));
+        return found;
+    }
+    if (fixture.modes.size() == 1) return 0;
+    QStringList lines;
+    for (const input::QxfMode& mode : fixture.modes) {
+        const qsizetype count = mode.channels.size();
+        lines << QStringLiteral("%1 (%2 channel%3)")
+                     .arg(mode.name)
+                     .arg(count)
+                     .arg(count == 1 ? "" : "s");
+    }
+    const int picked = gui::ChooseFromList(fixture.manufacturer + u' ' + fixture.model,
+                                           QStringLiteral("Modes"), lines);
+    if (picked < 0) return std::nullopt;
+    return picked;
 }
 
 }  // namespace
@@ -50,13 +102,49 @@ void FillFromFixture(MainForm& f, const input::FixtureFile& file) {
     f.patchdisplay.setText(file.patchText);
 }
 
-void OpenFixtureFile(MainForm& f, const QString& path) {
-    const input::ReadOutcome outcome = input::ReadFixtureFile(path);
-    if (!outcome.fixture) {
-        gui::MsgBox(
-            QStringLiteral("File ") + path + QStringLiteral(" could not be read: ") + outcome.error,
-            gui::kCritical, f.main.Caption());
-        return;
+bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
+    const input::FixtureSource source = input::ReadFixtureSource(path);
+    std::optional<input::FixtureFile> file = source.written;
+    if (source.qxf) {
+        const std::optional<int> picked = PickMode(f, path, *source.qxf, mode);
+        if (!picked) return false;
+        input::ReadOutcome mapped = input::MapQxfMode(*source.qxf, *picked);
+        if (!mapped.fixture) {
+            Refuse(f, path, mapped.error);
+            return false;
+        }
+        file = std::move(mapped.fixture);
     }
-    FillFromFixture(f, *outcome.fixture);
+    if (!file) {
+        Refuse(f, path, source.error);
+        return false;
+    }
+    if (PagesHoldData(f)) {
+        const int answer = gui::MsgBox(
+            QStringLiteral("Replace what the pages hold with the fixture of %1?").arg(path),
+            gui::kYesNo | gui::kExclamation | gui::kDefaultButton2, f.main.Caption());
+        if (answer != gui::kAnswerYes) return false;
+    }
+    // An open cell edit is finished on the table it was opened on.
+    table_Click(f);
+    FillFromFixture(f, *file);
+    f.CurrentStep = 0;
+    ShowStep(f);
+    return true;
+}
+
+void openfixture_Click(MainForm& f) {
+    gui::OpenDialog dialog;
+    dialog.DialogTitle = QStringLiteral("Open a fixture");
+    dialog.Filters = {QStringLiteral("Fixture definitions (*.R20 *.r20)"),
+                      QStringLiteral("QLC+ fixtures (*.qxf)")};
+    // Where QLC+ keeps fixture definitions: the user's own first, then the installed ones.
+    for (const QString& folder : {QDir::homePath() + QStringLiteral("/.qlcplus/fixtures"),
+                                  QStringLiteral("/usr/share/qlcplus/fixtures")}) {
+        if (QFileInfo(folder).isDir()) {
+            dialog.InitDir = folder;
+            break;
+        }
+    }
+    if (dialog.ShowOpen()) OpenFixtureFile(f, dialog.FileName);
 }

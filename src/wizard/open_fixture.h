@@ -1,6 +1,7 @@
 #pragma once
-// Opening a written fixture file: its values go into the form's controls as if the user
-// had typed them, before the window shows.
+// Opening a fixture: a written fixture file or a QLC+ fixture definition fills the pages as
+// if the user had typed them. Every way in (the command line, the Open button, Ctrl+O, a
+// dropped file) comes here.
 
 #include <QString>
 
@@ -13,6 +14,12 @@ struct FixtureFile;
 // rows are replaced by the file's rows) and the patch text.
 void FillFromFixture(MainForm& f, const input::FixtureFile& file);
 
-// Reads the file at `path` whole and fills the pages from it; a file that cannot be read
-// fills nothing and says why in a critical message under the form's caption.
-void OpenFixtureFile(MainForm& f, const QString& path);
+// Reads the file at `path` whole and fills the pages from it, then shows the first page as
+// at the start. Of a QLC+ fixture, `mode` picks the mode by name or number; without it a
+// fixture of several modes asks which. Pages that hold something typed are replaced only
+// after a Yes. A file that cannot be read fills nothing and says why in a critical message
+// under the form's caption. True when the pages were filled.
+bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode = {});
+
+// The open dialog, from the Open button or Ctrl+O.
+void openfixture_Click(MainForm& f);

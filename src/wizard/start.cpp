@@ -5,9 +5,9 @@
 #include "wizard/open_fixture.h"
 #include "wizard/wiring.h"
 
-void StartWizard(MainForm& f, const QString& fixturePath) {
+void StartWizard(MainForm& f, const QString& fixturePath, const QString& mode) {
     WireEvents(f);
     Form_Load(f);
-    if (!fixturePath.isEmpty()) OpenFixtureFile(f, fixturePath);
+    if (!fixturePath.isEmpty()) OpenFixtureFile(f, fixturePath, mode);
     f.main.Show();
 }

@@ -8,6 +8,7 @@
 #include "ranges/range_table.h"
 #include "wizard/engine.h"
 #include "wizard/main_form.h"
+#include "wizard/open_fixture.h"
 
 void WireEvents(MainForm& f) {
     MainForm* m = &f;
@@ -18,6 +19,8 @@ void WireEvents(MainForm& f) {
     f.cancel.onClick([m] { cancel_Click(*m); });
     f.goonrange.onClick([m] { goonrange_Click(*m); });
     f.finished.onClick([m] { finished_Click(*m); });
+    f.openfixture.onClick([m] { openfixture_Click(*m); });
+    f.main.onFileDrop([m](const QString& path) { OpenFixtureFile(*m, path); });
 
     f.add.onClick([m] { add_Click(*m); });
     f.delete_.onClick([m] { delete_Click(*m); });

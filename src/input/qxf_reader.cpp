@@ -1,0 +1,132 @@
+#include "input/qxf_reader.h"
+
+#include <QXmlStreamReader>
+
+namespace input {
+
+const QxfChannel* QxfFixture::channel(const QString& name) const {
+    const auto found = byName_.constFind(name);
+    return found == byName_.constEnd() ? nullptr : &channels[*found];
+}
+
+bool LooksLikeXml(const QByteArray& bytes) {
+    QByteArrayView head(bytes);
+    if (head.startsWith("\xEF\xBB\xBF")) head = head.sliced(3);
+    head = head.trimmed();
+    return head.startsWith("<?xml") || head.startsWith("<!DOCTYPE") ||
+           head.startsWith("<FixtureDefinition");
+}
+
+// One pass over the XML. Elements the import does not use (capabilities, the creator,
+// aliases, the physical data but for the focus type) are skipped whole.
+class QxfParser {
+  public:
+    explicit QxfParser(const QByteArray& bytes) : xml_(bytes) {}
+
+    QxfOutcome read() {
+        if (!xml_.readNextStartElement()) return fail();
+        if (xml_.name() != u"FixtureDefinition") {
+            return {std::nullopt,
+                    QStringLiteral("it is no QLC+ fixture definition (its root element is <%1>)")
+                        .arg(xml_.name())};
+        }
+        while (xml_.readNextStartElement()) {
+            const QStringView name = xml_.name();
+            if (name == u"Manufacturer")
+                fixture_.manufacturer = xml_.readElementText();
+            else if (name == u"Model")
+                fixture_.model = xml_.readElementText();
+            else if (name == u"Type")
+                fixture_.type = xml_.readElementText();
+            else if (name == u"Channel")
+                readChannel();
+            else if (name == u"Mode")
+                readMode();
+            else if (name == u"Physical")
+                fixture_.focusType = readFocusType();
+            else
+                xml_.skipCurrentElement();
+        }
+        // Whatever follows the root must still be well-formed.
+        while (!xml_.atEnd()) xml_.readNext();
+        if (xml_.hasError()) return fail();
+        if (fixture_.modes.isEmpty())
+            return {std::nullopt, QStringLiteral("the fixture has no mode")};
+        return {std::move(fixture_), QString()};
+    }
+
+  private:
+    QxfOutcome fail() {
+        if (!xml_.hasError()) return {std::nullopt, QStringLiteral("it is no XML document")};
+        return {std::nullopt,
+                QStringLiteral("line %1: %2").arg(xml_.lineNumber()).arg(xml_.errorString())};
+    }
+
+    void readChannel() {
+        QxfChannel channel;
+        channel.name = xml_.attributes().value(QLatin1String("Name")).toString();
+        channel.preset = xml_.attributes().value(QLatin1String("Preset")).toString();
+        channel.fine = channel.preset.endsWith(u"Fine");
+        while (xml_.readNextStartElement()) {
+            if (xml_.name() == u"Group") {
+                channel.fine = xml_.attributes().value(QLatin1String("Byte")) == u"1";
+                channel.group = xml_.readElementText();
+            } else if (xml_.name() == u"Colour") {
+                channel.colour = xml_.readElementText();
+            } else {
+                xml_.skipCurrentElement();
+            }
+        }
+        if (fixture_.byName_.contains(channel.name)) return;
+        fixture_.byName_.insert(channel.name, fixture_.channels.size());
+        fixture_.channels.append(std::move(channel));
+    }
+
+    void readMode() {
+        QxfMode mode;
+        mode.name = xml_.attributes().value(QLatin1String("Name")).toString();
+        QList<QList<int>> heads;  // the channel numbers of each head
+        while (xml_.readNextStartElement()) {
+            const QStringView name = xml_.name();
+            if (name == u"Channel") {
+                mode.channels.append(xml_.readElementText());
+            } else if (name == u"Head") {
+                QList<int> numbers;
+                while (xml_.readNextStartElement()) {
+                    if (xml_.name() == u"Channel")
+                        numbers.append(xml_.readElementText().trimmed().toInt());
+                    else
+                        xml_.skipCurrentElement();
+                }
+                heads.append(numbers);
+            } else if (name == u"Physical") {
+                mode.focusType = readFocusType();
+            } else {
+                xml_.skipCurrentElement();
+            }
+        }
+        mode.heads.fill(-1, mode.channels.size());
+        for (int head = 0; head < heads.size(); ++head)
+            for (const int number : heads[head])
+                if (number >= 0 && number < mode.heads.size()) mode.heads[number] = head;
+        fixture_.modes.append(std::move(mode));
+    }
+
+    QString readFocusType() {
+        QString type;
+        while (xml_.readNextStartElement()) {
+            if (xml_.name() == u"Focus") type = xml_.attributes().value(QLatin1String("Type")).toString();
+            xml_.skipCurrentElement();
+        }
+        return type;
+    }
+
+    QXmlStreamReader xml_;
+    QxfFixture fixture_;
+};
+
+QxfOutcome ReadQxfBytes(const QByteArray& bytes) {
+    return QxfParser(bytes).read();
+}
+
+}  // namespace input
