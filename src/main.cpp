@@ -3,6 +3,7 @@
 
 #include "gui/application.h"
 #include "input/command_line.h"
+#include "wizard/library_commands.h"
 #include "wizard/main_form.h"
 #include "wizard/start.h"
 
@@ -10,6 +11,12 @@ namespace {
 
 void Print(std::FILE* stream, const QString& text) {
     std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+// Standard error of the libraries' commands holds their refusals, line by line; Qt's own
+// notes (a runtime folder it looks for, a font it lacks) would only be noise there.
+void KeepErrorsOnly(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) Print(stderr, text + u'\n');
 }
 
 }  // namespace
@@ -28,13 +35,22 @@ int main(int argc, char** argv) {
             Print(stdout, input::VersionText());
             return 0;
         case Action::kMistake:
+            Print(stderr, QStringLiteral("rigwright: ") + line.error + u'\n');
             Print(stderr, input::UsageText());
             return 2;
+        case Action::kConvert:
+        case Action::kCheck:
+            // The libraries' commands fill the form as the wizard does, but show no window.
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+            qInstallMessageHandler(KeepErrorsOnly);
+            break;
         case Action::kRun:
             break;
     }
     gui::Application app(argc, argv);
+    if (line.action == Action::kConvert) return ConvertFixtures(line, LibraryStreams::Standard());
+    if (line.action == Action::kCheck) return CheckFixtures(line, LibraryStreams::Standard());
     MainForm form;
-    StartWizard(form, line.file);
+    StartWizard(form, line.file, line.mode);
     return app.Exec();
 }

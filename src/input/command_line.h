@@ -1,6 +1,6 @@
 #pragma once
-// The command line: one optional fixture file to open. --help and --version answer on
-// standard output; anything else is a mistake that the usage explains.
+// The command line: the wizard with one optional fixture file to open, or, for fixture
+// libraries, converting QLC+ fixtures and checking fixture files with no window at all.
 
 #include <QString>
 #include <QStringList>
@@ -8,9 +8,14 @@
 namespace input {
 
 struct CommandLine {
-    enum class Action { kRun, kHelp, kVersion, kMistake };
+    enum class Action { kRun, kHelp, kVersion, kMistake, kConvert, kCheck };
     Action action = Action::kRun;
-    QString file;  // the fixture file to open, empty for none
+    QString file;        // the fixture file the wizard opens, empty for none
+    QStringList files;   // every file named, in order
+    QString mode;        // --mode: the mode of a QLC+ fixture, by name or number
+    QString targetDir;   // --to: where --convert writes
+    bool force = false;  // --force: --convert replaces files that exist
+    QString error;       // what was wrong, for a mistake
 };
 
 // `arguments` without the program's own name.

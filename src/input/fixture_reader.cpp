@@ -1,8 +1,8 @@
 #include "input/fixture_reader.h"
 
 #include "common/code_page.h"
-#include "input/file_bytes.h"
 #include "input/channel_lines.h"
+#include "input/file_bytes.h"
 
 namespace input {
 

@@ -115,7 +115,8 @@ class QxfParser {
     QString readFocusType() {
         QString type;
         while (xml_.readNextStartElement()) {
-            if (xml_.name() == u"Focus") type = xml_.attributes().value(QLatin1String("Type")).toString();
+            if (xml_.name() == u"Focus")
+                type = xml_.attributes().value(QLatin1String("Type")).toString();
             xml_.skipCurrentElement();
         }
         return type;

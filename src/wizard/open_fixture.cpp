@@ -102,6 +102,13 @@ void FillFromFixture(MainForm& f, const input::FixtureFile& file) {
     f.patchdisplay.setText(file.patchText);
 }
 
+void ShowOpenedFixture(MainForm& f, const input::FixtureFile& file) {
+    table_Click(f);
+    FillFromFixture(f, file);
+    f.CurrentStep = 0;
+    ShowStep(f);
+}
+
 bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
     const input::FixtureSource source = input::ReadFixtureSource(path);
     std::optional<input::FixtureFile> file = source.written;
@@ -125,11 +132,7 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
             gui::kYesNo | gui::kExclamation | gui::kDefaultButton2, f.main.Caption());
         if (answer != gui::kAnswerYes) return false;
     }
-    // An open cell edit is finished on the table it was opened on.
-    table_Click(f);
-    FillFromFixture(f, *file);
-    f.CurrentStep = 0;
-    ShowStep(f);
+    ShowOpenedFixture(f, *file);
     return true;
 }
 

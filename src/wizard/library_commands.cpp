@@ -1,0 +1,200 @@
+#include "wizard/library_commands.h"
+
+#include <unistd.h>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSet>
+
+#include "input/command_line.h"
+#include "input/fixture_source.h"
+#include "input/qxf_mapping.h"
+#include "output/save_flow.h"
+#include "wizard/engine.h"
+#include "wizard/main_form.h"
+#include "wizard/open_fixture.h"
+
+namespace {
+
+constexpr int kFinishPage = 3;
+constexpr int kProgressFrom = 50;  // fewer files than this go by too fast to need it
+
+// One fixture to fill the form with: a written fixture file, or one mode of a QLC+ fixture.
+struct Job {
+    QString name;  // how the reports name it: the file, and the mode of a QLC+ fixture
+    QString stem;  // manufacturer, model and mode, for the name of a converted file
+    std::optional<input::FixtureFile> fixture;
+    QString error;  // why it was refused
+};
+
+QString ModeName(const QString& path, const input::QxfMode& mode) {
+    return QStringLiteral("%1 (mode \"%2\")").arg(path, mode.name);
+}
+
+// Letters, digits, "." and "_" of a text, as a part of a file name.
+QString FileNamePart(const QString& text) {
+    QString kept;
+    for (const QChar c : text)
+        if ((c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
+            c == u'.' || c == u'_')
+            kept += c;
+    return kept.isEmpty() ? QStringLiteral("_") : kept;
+}
+
+// Every fixture a file brings: the file itself when it is a written fixture file, each mode
+// of a QLC+ fixture (or the one `mode` names), or the reason it brings none.
+QList<Job> JobsOf(const QString& path, const QString& mode) {
+    const input::FixtureSource source = input::ReadFixtureSource(path);
+    if (source.written) return {{path, QFileInfo(path).completeBaseName(), source.written, {}}};
+    if (!source.qxf) return {{path, {}, std::nullopt, source.error}};
+    const input::QxfFixture& fixture = *source.qxf;
+    QList<int> modes;
+    if (mode.isEmpty()) {
+        for (int i = 0; i < fixture.modes.size(); ++i) modes << i;
+    } else if (const std::optional<int> found = input::FindQxfMode(fixture, mode)) {
+        modes << *found;
+    } else {
+        return {
+            {path, {}, std::nullopt, QStringLiteral("the fixture has no mode \"%1\"").arg(mode)}};
+    }
+    QList<Job> jobs;
+    for (const int i : modes) {
+        input::ReadOutcome mapped = input::MapQxfMode(fixture, i);
+        const QString stem = FileNamePart(fixture.manufacturer) + u'-' +
+                             FileNamePart(fixture.model) + u'-' +
+                             FileNamePart(fixture.modes[i].name);
+        jobs.append(
+            {ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
+    }
+    return jobs;
+}
+
+// The reports of one run, and whether anything went wrong.
+class Reports {
+  public:
+    Reports(const LibraryStreams& streams, qsizetype files)
+        : streams_(streams),
+          files_(files),
+          showProgress_(streams.progress && files > kProgressFrom) {}
+    ~Reports() { clearProgress(); }
+
+    void say(const QString& text) {
+        clearProgress();
+        std::fputs((text + u'\n').toLocal8Bit().constData(), streams_.out);
+    }
+    void refuse(const QString& text) {
+        failed_ = true;
+        clearProgress();
+        std::fputs((text + u'\n').toLocal8Bit().constData(), streams_.err);
+    }
+    void fileDone() {
+        ++done_;
+        if (!showProgress_) return;
+        const QLocale english(QLocale::English);
+        const QString line =
+            QStringLiteral("\r%1 of %2").arg(english.toString(done_), english.toString(files_));
+        std::fputs(line.toLocal8Bit().constData(), streams_.err);
+        std::fflush(streams_.err);
+        progressShown_ = true;
+    }
+    void markFailed() { failed_ = true; }
+    int exitCode() const { return failed_ ? 1 : 0; }
+
+  private:
+    void clearProgress() {
+        if (!progressShown_) return;
+        std::fputs("\r\033[K", streams_.err);
+        progressShown_ = false;
+    }
+
+    const LibraryStreams& streams_;
+    qsizetype files_;
+    qsizetype done_ = 0;
+    bool showProgress_;
+    bool progressShown_ = false;
+    bool failed_ = false;
+};
+
+// The one form that every fixture of a run fills in turn, as the wizard does when a file is
+// opened, then brought to the page where the file is saved.
+class HiddenWizard {
+  public:
+    HiddenWizard() { Form_Load(form_); }
+
+    MainForm& reachFinishPage(const input::FixtureFile& fixture) {
+        ShowOpenedFixture(form_, fixture);
+        while (form_.CurrentStep < kFinishPage) nexts_Click(form_);
+        return form_;
+    }
+
+  private:
+    MainForm form_;
+};
+
+}  // namespace
+
+LibraryStreams LibraryStreams::Standard() {
+    return {stdout, stderr, isatty(fileno(stderr)) != 0};
+}
+
+int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
+    const QDir target(line.targetDir);
+    if (!QDir().mkpath(target.path()) || !QFileInfo(target.path()).isWritable()) {
+        std::fputs(QStringLiteral("rigwright: cannot write into %1\n")
+                       .arg(QDir::toNativeSeparators(line.targetDir))
+                       .toLocal8Bit()
+                       .constData(),
+                   streams.err);
+        return 1;
+    }
+    Reports reports(streams, line.files.size());
+    HiddenWizard wizard;
+    QSet<QString> written;  // names given in this run, in lower case: none is given twice
+    for (const QString& path : line.files) {
+        for (const Job& job : JobsOf(path, line.mode)) {
+            if (!job.fixture) {
+                reports.refuse(job.name + QStringLiteral(": ") + job.error);
+                continue;
+            }
+            QString name = job.stem + QStringLiteral(".R20");
+            for (int n = 2; written.contains(name.toLower()); ++n)
+                name = job.stem + u'-' + QString::number(n) + QStringLiteral(".R20");
+            written.insert(name.toLower());
+            const QString file = QDir::toNativeSeparators(target.absoluteFilePath(name));
+            if (!line.force && QFileInfo::exists(file)) {
+                reports.refuse(job.name + QStringLiteral(": ") + file +
+                               QStringLiteral(" exists; --force replaces it"));
+                continue;
+            }
+            if (const std::optional<QString> reason =
+                    SaveFixtureFile(wizard.reachFinishPage(*job.fixture), file)) {
+                reports.refuse(job.name + QStringLiteral(": ") + file +
+                               QStringLiteral(" could not be written: ") + *reason);
+                continue;
+            }
+            reports.say(file);
+        }
+        reports.fileDone();
+    }
+    return reports.exitCode();
+}
+
+int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
+    Reports reports(streams, line.files.size());
+    HiddenWizard wizard;
+    for (const QString& path : line.files) {
+        for (const Job& job : JobsOf(path, line.mode)) {
+            if (!job.fixture) {
+                reports.refuse(job.name + QStringLiteral(": ") + job.error);
+                continue;
+            }
+            const QString advice =
+                wizard.reachFinishPage(*job.fixture).errormessage[kFinishPage].Caption();
+            if (!advice.isEmpty()) reports.markFailed();
+            reports.say(job.name + QStringLiteral(": ") +
+                        (advice.isEmpty() ? QStringLiteral("ok") : advice));
+        }
+        reports.fileDone();
+    }
+    return reports.exitCode();
+}
