@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QEventLoop>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -17,6 +19,7 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QToolTip>
+#include <QUrl>
 
 #include "gui/grid_model.h"
 #include "gui/grid_view.h"
@@ -350,6 +353,22 @@ void ReleaseCell(Grid& grid, int row, int col) {
     GridView* view = grid.view();
     const QModelIndex index = grid.model()->index(row - 1, col - 1);
     QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+}
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+
+void DropFile(Control& onto, const QString& path) {
+    QWidget* target = onto.widget();
+    const QPoint at = target->rect().center();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(target, &enter);
+    if (!enter.isAccepted()) return;  // the window does not take it: no drop
+    QDropEvent drop(QPointF(at), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(target, &drop);
 }
 
 }  // namespace gui::testing

@@ -111,3 +111,10 @@ namespace gui::testing {
 void ReleaseCell(Grid& grid, int row, int col);
 
 }  // namespace gui::testing
+
+namespace gui::testing {
+
+// Drags a local file over the middle of `onto` and lets it go there, as from a file manager.
+void DropFile(Control& onto, const QString& path);
+
+}  // namespace gui::testing

@@ -235,5 +235,5 @@ void TestInput::roundTrip() {
     }
 }
 
-RIGWRIGHT_TEST_MAIN(TestInput)
+RIGWRIGHT_TEST_CLASS(TestInput)
 #include "test_input.moc"

@@ -1,0 +1,3 @@
+#include "support/form_fixture.h"
+
+RIGWRIGHT_TEST_PROGRAM()

@@ -1,0 +1,485 @@
+// Starting from a QLC+ fixture definition: how a mode becomes the pages, the files refused,
+// every fixture Debian ships, the ways in as a person takes them, and the command line that
+// converts and checks whole libraries with the wizard's own code.
+#include <QAccessible>
+#include <QDirIterator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <cstdio>
+
+#include "channels/edit_classes.h"
+#include "gui/dialogs.h"
+#include "gui/seams.h"
+#include "gui/testing.h"
+#include "input/command_line.h"
+#include "input/fixture_source.h"
+#include "input/qxf_mapping.h"
+#include "output/save_flow.h"
+#include "support/form_fixture.h"
+#include "wizard/library_commands.h"
+#include "wizard/open_fixture.h"
+
+class TestQxf : public FormFixture {
+    Q_OBJECT
+  private slots:
+    void mapping_data();
+    void mapping();
+    void refused_data();
+    void refused();
+    void namesOnDesk();
+    void installedFixtures();
+    void waysIn_data();
+    void waysIn();
+    void chooser();
+    void replaceAsks();
+    void commandLine_data();
+    void commandLine();
+    void convertAndCheck();
+};
+
+namespace {
+
+// A fixture definition. Channels, "|" between them: "Name@Preset", or "Name#Group#Byte" with
+// "#Colour" behind for an old intensity channel. A mode names its channels with "|" between
+// them; "heads" lists each head's channel numbers, "," between them and "/" between heads.
+QByteArray Qxf(const QString& channels, const QStringList& modes,
+               const QString& type = "Moving Head", const QString& focus = "Head",
+               const QString& heads = {}) {
+    QString xml = QStringLiteral(
+                      "<?xml version='1.0' encoding='UTF-8'?>\n<!DOCTYPE FixtureDefinition>\n"
+                      "<FixtureDefinition xmlns=\"http://www.qlcplus.org/FixtureDefinition\">\n"
+                      " <Creator><Name>Test</Name></Creator>\n"
+                      " <Manufacturer>Lumenfab</Manufacturer>\n <Model>Beam 575</Model>\n"
+                      " <Type>%1</Type>\n")
+                      .arg(type);
+    for (const QString& channel : channels.split(u'|')) {
+        const QStringList preset = channel.split(u'@');
+        const QStringList group = channel.split(u'#');
+        if (preset.size() == 2) {
+            xml +=
+                QStringLiteral(" <Channel Name=\"%1\" Preset=\"%2\"/>\n").arg(preset[0], preset[1]);
+            continue;
+        }
+        xml += QStringLiteral(" <Channel Name=\"%1\">\n  <Group Byte=\"%2\">%3</Group>\n")
+                   .arg(group[0], group.value(2, "0"), group[1]);
+        if (group.size() > 3) xml += QStringLiteral("  <Colour>%1</Colour>\n").arg(group[3]);
+        xml +=
+            QStringLiteral("  <Capability Min=\"0\" Max=\"255\">All</Capability>\n </Channel>\n");
+    }
+    for (int m = 0; m < modes.size(); ++m) {
+        xml += QStringLiteral(" <Mode Name=\"Mode %1\">\n").arg(m + 1);
+        const QStringList names = modes[m].split(u'|');
+        for (int i = 0; i < names.size(); ++i)
+            xml += QStringLiteral("  <Channel Number=\"%1\">%2</Channel>\n").arg(i).arg(names[i]);
+        for (const QString& head : heads.split(u'/', Qt::SkipEmptyParts)) {
+            xml += QStringLiteral("  <Head>\n");
+            for (const QString& number : head.split(u','))
+                xml += QStringLiteral("   <Channel>%1</Channel>\n").arg(number);
+            xml += QStringLiteral("  </Head>\n");
+        }
+        xml += QStringLiteral(" </Mode>\n");
+    }
+    xml += QStringLiteral(
+               " <Physical><Focus Type=\"%1\" PanMax=\"540\" TiltMax=\"270\"/></Physical>\n"
+               "</FixtureDefinition>\n")
+               .arg(focus);
+    return xml.toUtf8();
+}
+
+// The pages in short: kind, name on desk, then per row dmx1, dmx2, the channel type's first
+// letter, attribute type, key/wheel and label, " / " between rows.
+QString Summary(const input::FixtureFile& f) {
+    QStringList rows;
+    for (const QStringList& c : f.channelRows)
+        rows << QStringList{c[1], c[2], c[3].left(1), c[4], c[5] + u'/' + c[6], c[7]}.join(u',');
+    return QString::number(f.mirrorKind) + u' ' + f.nameOnDesk + QStringLiteral(": ") +
+           rows.join(QStringLiteral(" / "));
+}
+
+bool WriteBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray ReadBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Whether the column's editor would store `text` as it stands: a choice column its list's
+// item or the item's short form, a number column a number within bounds, free text one line.
+bool EditorAccepts(int column, const QString& text) {
+    const int editClass = channels::EditClassOfColumn(column);
+    if (editClass == channels::kChoice) {
+        for (const QString& item : channels::ChoiceListOfColumn(column).split(u';'))
+            if (item == text || item.startsWith(text + u'>') || item.startsWith(text + u' '))
+                return true;
+        return false;
+    }
+    if (editClass == channels::kFreeText) return !text.contains(u'\n') && !text.contains(u'\r');
+    bool number = false;
+    const int value = text.toInt(&number);
+    const auto stored = channels::CommittedText(editClass, text, std::int16_t(value), -1);
+    return number && stored == text;
+}
+
+QString MapError(const QByteArray& bytes, const QString& mode = {}) {
+    const input::QxfOutcome read = input::ReadQxfBytes(bytes);
+    if (!read.fixture) return read.error;
+    const auto index = input::FindQxfMode(*read.fixture, mode.isEmpty() ? "1" : mode);
+    if (!index) return QStringLiteral("no mode");
+    return input::MapQxfMode(*read.fixture, *index).error;
+}
+
+}  // namespace
+
+void TestQxf::mapping_data() {
+    QTest::addColumn<QByteArray>("qxf");
+    QTest::addColumn<QString>("pages");
+    const QString position =
+        "Pan@PositionPan|Pan fine@PositionPanFine|Tilt@PositionTilt|"
+        "Tilt fine@PositionTiltFine";
+    QTest::newRow("presets and groups")
+        << Qxf(position +
+                   "|Dim@IntensityDimmer|Wheel#Colour|Gobos#Gobo|Gobo rotation#Gobo|"
+                   "Strobe#Shutter|Frost#Beam|Reset#Maintenance",
+               {"Pan|Pan fine|Tilt|Tilt fine|Dim|Wheel|Gobos|Gobo rotation|Strobe|Frost|Reset"})
+        << "2 BEAM575: 1,2,F,E>,3/61,Pan / 3,4,F,F>,3/1,Tilt / 5,0,H,H>,1/1,Dimmer / "
+           "6,0,I,A>,4/1,Color1 / 7,0,I,I>,6/61,Gobo1 / 8,0,F,K>,7/61,Gobo1 Rot / "
+           "9,0,F,O>,2/61,Shutter / 10,0,I,S>,16/61,Frost / 11,0,I,0>,18/61,Control";
+    QTest::newRow("fine before and apart from its coarse byte")
+        << Qxf(position + "|Dim@IntensityDimmer", {"Pan fine|Tilt|Dim|Pan|Tilt fine"})
+        << "2 BEAM575: 2,5,F,F>,3/1,Tilt / 3,0,H,H>,1/1,Dimmer / 4,1,F,E>,3/61,Pan";
+    QTest::newRow("fine without a coarse byte, no pan or tilt")
+        << Qxf("Red@IntensityRedFine|Blue#Intensity#0#Blue", {"Red|Blue"})
+        << "0 BEAM575: 1,0,F,T>,10/1,Red / 2,0,F,V>,9/61,Blue";
+    QTest::newRow("second of a kind, a colour, kinds no preset covers, nothing")
+        << Qxf("Dim 1@IntensityDimmer|Dim 2@IntensityDimmer|Wheel 1#Colour|Wheel 2#Colour|"
+               "Wheel 3#Colour|White@IntensityWhite|White 2@IntensityWhite|Gap@NoFunction|"
+               "A very long name@IntensityDimmer",
+               {"Dim 1|Dim 2|Wheel 1|Wheel 2|Wheel 3|White|White 2|Gap|A very long name"})
+        << "0 BEAM575: 1,0,H,H>,1/1,Dimmer / 2,0,F,H>,1/61,Dim 2 / 3,0,I,A>,4/1,Color1 / "
+           "4,0,I,A>,4/61,Color2 / 5,0,I,A>,11/1,Wheel 3 / 6,0,F,0>,11/61,White / "
+           "7,0,F,0>,12/1,White 2 / 8,0,I,0>,12/61,Not used / 9,0,F,H>,13/1,Dimmer";
+    QTest::newRow("a preset's key taken already goes to a free one")
+        << Qxf("Cyan@IntensityCyan|Red@IntensityRed", {"Cyan|Red"})
+        << "0 BEAM575: 1,0,F,B>,10/1,Cyan / 2,0,F,T>,1/61,Red";
+    QTest::newRow("the master dimmer is the one HTP, its fine byte a row of its own")
+        << Qxf("Dim@IntensityDimmer|Master@IntensityMasterDimmer|"
+               "Master fine@IntensityMasterDimmerFine|Dim fine@IntensityDimmerFine",
+               {"Dim|Master|Master fine|Dim fine"})
+        << "0 BEAM575: 1,4,F,H>,1/61,Dim / 2,0,H,H>,1/1,Dimmer / 3,0,F,0>,11/1,Dimmer fine";
+    QTest::newRow("fine bytes pair within their head")
+        << Qxf("Red 1@IntensityRed|Red 2@IntensityRed|Red fine 1@IntensityRedFine|"
+               "Red fine 2@IntensityRedFine",
+               {"Red 1|Red 2|Red fine 1|Red fine 2"}, "Color Changer", "Fixed", "0,2/1,3")
+        << "0 BEAM575: 1,3,F,T>,10/1,Red / 2,4,F,T>,1/61,Red 2";
+    QTest::newRow("names as written: a trailing blank, the first of two definitions")
+        << Qxf("Zoom @BeamZoomSmallBig|Zoom#Effect|Zoom@ShutterStrobeSlowFast", {"Zoom |Zoom"})
+        << "0 BEAM575: 1,0,F,Q>,5/1,Zoom / 2,0,F,0>,19/61,Effect...";
+    QTest::newRow("a scanner is a mirror, unless its focus is a head")
+        << Qxf(position, {"Pan|Tilt"}, "Scanner", "Fixed")
+        << "1 BEAM575: 1,0,F,E>,3/61,Pan / 2,0,F,F>,3/1,Tilt";
+}
+
+void TestQxf::mapping() {
+    QFETCH(QByteArray, qxf);
+    QFETCH(QString, pages);
+    const input::QxfOutcome read = input::ReadQxfBytes(qxf);
+    QVERIFY2(read.fixture, qPrintable(read.error));
+    const input::ReadOutcome mapped = input::MapQxfMode(*read.fixture, 0);
+    QVERIFY2(mapped.fixture, qPrintable(mapped.error));
+    QCOMPARE(Summary(*mapped.fixture), pages);
+    // The whole QLC+ name is the comment; the mode's name the first line for the desk.
+    const QStringList& first = mapped.fixture->channelRows.first();
+    QCOMPARE(first[14], read.fixture->modes[0].channels[first[1].toInt() - 1]);
+    QVERIFY(mapped.fixture->patchText.startsWith("Mode 1\r\n\r\nINPUT fixture DMX No.\r\n"));
+}
+
+void TestQxf::refused_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<QString>("error");
+    const QByteArray good = Qxf("Dim@IntensityDimmer", {"Dim", "Dim|Ghost"});
+    QTest::newRow("not XML") << QByteArray("DEVICE X\r\n") << ""
+                             << "line 1: Start tag expected.";
+    QTest::newRow("XML cut short") << good.left(good.indexOf("</Mode>")) << ""
+                                   << "line 11: Premature end of document.";
+    QTest::newRow("other XML") << QByteArray("<?xml version=\"1.0\"?><svg/>") << ""
+                               << "it is no QLC+ fixture definition (its root element is <svg>)";
+    QTest::newRow("no mode") << Qxf("Dim@IntensityDimmer", {}) << ""
+                             << "the fixture has no mode";
+    QTest::newRow("a mode with no channel")
+        << Qxf("Dim@IntensityDimmer", {""}).replace("  <Channel Number=\"0\"></Channel>\n", "")
+        << ""
+        << "the mode \"Mode 1\" has no channel";
+    QTest::newRow("a channel the fixture lacks")
+        << good << "Mode 2"
+        << "the mode \"Mode 2\" names the channel \"Ghost\", which the fixture does not define";
+    QTest::newRow("a mode number too high") << good << "3"
+                                            << "no mode";
+}
+
+void TestQxf::refused() {
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, mode);
+    QFETCH(QString, error);
+    QCOMPARE(MapError(bytes, mode), error);
+}
+
+void TestQxf::namesOnDesk() {
+    // Modes of 3, 4 and 3 channels; the model's letters and digits, cut to make room.
+    input::QxfFixture fixture;
+    fixture.model = QStringLiteral("MAC 700 Profile \u00C9");
+    for (const int count : {3, 4, 3}) fixture.modes.append({"m", QStringList(count, "x"), {}, {}});
+    QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PR-3A"));
+    QCOMPARE(input::QxfNameOnDesk(fixture, 1), QStringLiteral("MAC700PRO-4"));
+    QCOMPARE(input::QxfNameOnDesk(fixture, 2), QStringLiteral("MAC700PR-3B"));
+    fixture.modes.resize(1);
+    QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PROFI"));
+}
+
+// Every fixture Debian ships: no well-formed file refused, every mode mapped with one offset
+// per channel, every cell one its column's editor takes, every name within its box.
+void TestQxf::installedFixtures() {
+    const QString folder = QStringLiteral("/usr/share/qlcplus/fixtures");
+    if (!QFileInfo(folder).isDir()) QSKIP("qlcplus-data is not installed");
+    int files = 0, modes = 0;
+    QDirIterator it(folder, {QStringLiteral("*.qxf")}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        const input::FixtureSource source = input::ReadFixtureSource(path);
+        QVERIFY2(source.qxf, qPrintable(path + ": " + source.error));
+        ++files;
+        QSet<QString> names;
+        for (int m = 0; m < source.qxf->modes.size(); ++m, ++modes) {
+            const input::ReadOutcome mapped = input::MapQxfMode(*source.qxf, m);
+            const QString where = path + " mode " + QString::number(m + 1);
+            QVERIFY2(mapped.fixture, qPrintable(where + ": " + mapped.error));
+            const input::FixtureFile& f = *mapped.fixture;
+            QSet<int> offsets;
+            for (const QStringList& row : f.channelRows) {
+                for (int column = 1; column < 15; ++column)
+                    QVERIFY2(EditorAccepts(column, row[column]),
+                             qPrintable(where + ": " + row.join(u'|')));
+                offsets << row[1].toInt();
+                if (row[2] != u"0") offsets << row[2].toInt();
+            }
+            QCOMPARE(offsets.size(), source.qxf->modes[m].channels.size());
+            QCOMPARE(*std::max_element(offsets.cbegin(), offsets.cend()), offsets.size());
+            QVERIFY(f.manufacturer.size() <= 30 && f.model.size() <= 30);
+            QVERIFY(!f.nameOnDesk.isEmpty() && f.nameOnDesk.size() <= 11);
+            QVERIFY2(!names.contains(f.nameOnDesk), qPrintable(where + ": " + f.nameOnDesk));
+            names << f.nameOnDesk;
+        }
+    }
+    QVERIFY(files > 1000 && modes > 3000);
+}
+
+// Every way in reaches the same open: the pages fill and Step 1 shows as at the start.
+void TestQxf::waysIn_data() {
+    QTest::addColumn<QString>("way");
+    for (const char* way : {"Open button by keys", "dropped on the grid"})
+        QTest::newRow(way) << way;
+}
+
+void TestQxf::waysIn() {
+    using namespace gui::testing;
+    QFETCH(QString, way);
+    QTemporaryDir dir;
+    const QString path = dir.filePath("beam.qxf");
+    QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Pan|Dim"})));
+    MainForm& f = form();
+    goToPage(2);
+    if (way == u"Open button by keys") {
+        goToPage(0);
+        Click(f.otherkind);
+        PressKey(Qt::Key_Tab);  // the button stands last in the page's tab order
+        QCOMPARE(FocusName(), QStringLiteral("openfixture"));
+        gui::seams::QueueOpenAnswer(path);
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerYes);  // the kind chosen is something typed
+        PressKey(Qt::Key_Space);
+    } else if (way == u"Ctrl+O") {
+        gui::seams::QueueOpenAnswer(path);
+        PressKey(Qt::Key_O, Qt::ControlModifier);
+    } else {
+        DropFile(f.table, path);
+    }
+    QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
+    QCOMPARE(f.table.Rows(), 3);
+    QCOMPARE(f.table.TextMatrix(2, 7), QStringLiteral("Dimmer"));
+    QCOMPARE(f.CurrentStep, 0);
+    QVERIFY(f.stepf[0].Visible() && !f.previous.Enabled() && f.nexts.Enabled());
+    QVERIFY(f.movinghead.Value());
+    if (way != u"dropped on the grid") {
+        const auto& call = gui::seams::OpenDialogCalls().back();
+        QCOMPARE(call.filters,
+                 QStringList({"Fixture definitions (*.R20 *.r20)", "QLC+ fixtures (*.qxf)"}));
+        QString start;  // QLC+'s folders, the user's own first
+        for (const QString& folder :
+             {QDir::homePath() + "/.qlcplus/fixtures", QString("/usr/share/qlcplus/fixtures")})
+            if (start.isEmpty() && QFileInfo(folder).isDir()) start = folder;
+        QCOMPARE(call.initDir, start);
+    }
+    // A file dropped on a text box is opened, not pasted into the box.
+    gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+    DropFile(f.manifacturer, dir.filePath("none.qxf"));
+    QVERIFY(gui::seams::MsgBoxCalls().back().text.endsWith(
+        "none.qxf could not be read: No such file or directory"));
+    QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
+}
+
+// Keys alone: the list of modes comes up named and titled, the first line selected; Escape
+// leaves the pages as they were, Down and Enter pick the second mode.
+void TestQxf::chooser() {
+    using namespace gui::testing;
+    QTemporaryDir dir;
+    const QString path = dir.filePath("beam.qxf");
+    QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim"})));
+    MainForm& f = form();
+    QString title, name, lines;
+    for (const bool pick : {false, true}) {
+        QTimer::singleShot(0, [&] {
+            title = CaptionOf(ActiveDialog());
+            QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
+                ActiveDialog()->findChild<QObject*>("choices"));
+            name = list->text(QAccessible::Name);
+            lines.clear();
+            for (int i = 0; i < list->childCount(); ++i)
+                lines += list->child(i)->text(QAccessible::Name) +
+                         (list->child(i)->state().selected ? "*" : "") + u';';
+            if (pick) PressKey(Qt::Key_Down);
+            PressKey(pick ? Qt::Key_Return : Qt::Key_Escape);
+        });
+        QCOMPARE(OpenFixtureFile(f, path), pick);
+        QCOMPARE(title, QStringLiteral("Lumenfab Beam 575"));
+        QCOMPARE(name, QStringLiteral("Modes"));
+        QCOMPARE(lines, QStringLiteral("Mode 1 (1 channel)*;Mode 2 (2 channels);"));
+        QCOMPARE(f.table.Rows(), pick ? 3 : 2);
+    }
+    QCOMPARE(f.nameondesk.Text(), QStringLiteral("BEAM575-2"));
+}
+
+// Pages that hold something typed are replaced only after a Yes; No is the default. A file
+// that cannot be read leaves them as they were and says why.
+void TestQxf::replaceAsks() {
+    QTemporaryDir dir;
+    const QString path = dir.filePath("beam.qxf");
+    QVERIFY(WriteBytes(path, Qxf("Dim@IntensityDimmer", {"Dim"})));
+    MainForm& f = form();
+    f.model.setText(QStringLiteral("typed"));
+    gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+    QVERIFY(!OpenFixtureFile(f, path));
+    QCOMPARE(f.model.Text(), QStringLiteral("typed"));
+    const gui::seams::MsgBoxCall question = gui::seams::MsgBoxCalls().back();
+    QCOMPARE(question.style, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2);
+    QVERIFY(question.text.contains(path));
+    for (const QString& bad : {dir.path(), QStringLiteral("/dev/zero"), dir.filePath("huge.qxf")}) {
+        if (bad.endsWith("huge.qxf")) {
+            QFile huge(bad);
+            QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(100 << 20));
+        }
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        QVERIFY(!OpenFixtureFile(f, bad));
+        QVERIFY(gui::seams::MsgBoxCalls().back().text.startsWith("File " + bad +
+                                                                 " could not be read: "));
+        QCOMPARE(f.model.Text(), QStringLiteral("typed"));
+    }
+}
+
+void TestQxf::commandLine_data() {
+    QTest::addColumn<QString>("arguments");  // "|" between them
+    QTest::addColumn<QString>("parsed");     // action, files, mode, target, force; or the error
+    QTest::newRow("short help") << "a.R20|-h"
+                                << "1    0";
+    QTest::newRow("short version") << "-v"
+                                   << "2    0";
+    QTest::newRow("a mode to open") << "a.qxf|--mode|Basic 8"
+                                    << "0 a.qxf Basic 8  0";
+    QTest::newRow("convert") << "--convert|--to|out|--force|a.qxf|b.qxf"
+                             << "4 a.qxf,b.qxf  out 1";
+    QTest::newRow("check") << "--check|--mode=2|a.R20"
+                           << "5 a.R20 2  0";
+    QTest::newRow("unknown option named") << "--frobnicate"
+                                          << "Unknown option 'frobnicate'.";
+    QTest::newRow("convert without a folder") << "--convert|a.qxf"
+                                              << "--convert needs --to DIR.";
+    QTest::newRow("check without a file") << "--check"
+                                          << "No file named.";
+    QTest::newRow("both at once") << "--check|--convert|--to|x|a"
+                                  << "--convert and --check go one at a time.";
+    QTest::newRow("a folder without convert") << "--to|x|a.qxf"
+                                              << "--to and --force belong to --convert.";
+    QTest::newRow("a mode with no file") << "--mode|1"
+                                         << "--mode needs a QLC+ fixture to open.";
+}
+
+void TestQxf::commandLine() {
+    QFETCH(QString, arguments);
+    QFETCH(QString, parsed);
+    const input::CommandLine l = input::ParseCommandLine(arguments.split(u'|'));
+    const QString got = l.action == input::CommandLine::Action::kMistake
+                            ? l.error
+                            : QStringLiteral("%1 %2 %3 %4 %5")
+                                  .arg(int(l.action))
+                                  .arg(l.files.join(u','), l.mode, l.targetDir)
+                                  .arg(int(l.force));
+    QCOMPARE(got, parsed);
+}
+
+// One writer, one check: a mode converted on the command line is, but for the date and time,
+// the file Finished writes after opening it; the check says what Step 4 says.
+void TestQxf::convertAndCheck() {
+    QTemporaryDir dir;
+    const QString qxf = dir.filePath("beam.qxf");
+    QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer|Dim 2@IntensityDimmer",
+                                {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim"})));
+    QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "<?xml version='1.0'?><FixtureDefinition>"));
+    const QString out = dir.filePath("lib");
+    gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
+    auto run = [&](const QStringList& arguments, QString* printed = nullptr,
+                   QString* errors = nullptr) {
+        std::FILE* o = std::tmpfile();
+        std::FILE* e = std::tmpfile();
+        const input::CommandLine line = input::ParseCommandLine(arguments);
+        const LibraryStreams streams{o, e, false};
+        const int code = line.action == input::CommandLine::Action::kCheck
+                             ? CheckFixtures(line, streams)
+                             : ConvertFixtures(line, streams);
+        for (auto [file, text] : {std::pair{o, printed}, std::pair{e, errors}}) {
+            std::rewind(file);
+            QByteArray bytes(4096, '\0');
+            bytes.resize(qsizetype(std::fread(bytes.data(), 1, bytes.size(), file)));
+            if (text) *text = QString::fromLocal8Bit(bytes);
+            std::fclose(file);
+        }
+        return code;
+    };
+    QString printed, errors;
+    QCOMPARE(run({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")}, &printed, &errors), 1);
+    const QString first = out + "/Lumenfab-Beam575-Mode1.R20";
+    QCOMPARE(printed, first + "\n" + out + "/Lumenfab-Beam575-Mode2.R20\n" + out +
+                          "/Lumenfab-Beam575-Mode3.R20\n");
+    QCOMPARE(errors, dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
+    QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
+    QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
+    QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
+
+    const QString unnamed = dir.filePath("unnamed.R20");
+    QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
+    QCOMPARE(run({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
+    QCOMPARE(printed, first + ": ok\n" + unnamed + ": Manifacturer cannot be empty!\n" + qxf +
+                          " (mode \"Mode 2\"): ok\n");
+    QCOMPARE(run({"--check", first}), 0);
+
+    QVERIFY(OpenFixtureFile(form(), qxf, QStringLiteral("Mode 1")));
+    goToPage(3);
+    const QString saved = dir.filePath("saved.R20");
+    QVERIFY(!SaveFixtureFile(form(), saved));
+    const QByteArray converted = ReadBytes(first);
+    QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
+}
+
+RIGWRIGHT_TEST_CLASS(TestQxf)
+#include "test_qxf.moc"
