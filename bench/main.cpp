@@ -16,6 +16,7 @@
 #include "gui/dialogs.h"
 #include "gui/seams.h"
 #include "gui/testing.h"
+#include "library.h"
 #include "measure.h"
 #include "output/save_flow.h"
 #include "ranges/range_operations.h"
@@ -263,6 +264,8 @@ int main(int argc, char** argv) {
             return StartChild(argc, argv, mode == "--start-bare", argv[2]);
         if (mode == "--visible-form" || mode == "--visible-bare")
             return VisibleChild(argc, argv, mode == "--visible-bare", argv[2]);
+        if (mode == "--open-form" && argc >= 4) return OpenChild(argc, argv);
+        if (mode == "--convert-memory") return ConvertMemoryChild(argc, argv);
     }
 
     gui::Application app(argc, argv);
@@ -281,6 +284,7 @@ int main(int argc, char** argv) {
          {std::pair{kFixtureRows, 16.0}, std::pair{channels::kMaxChannelRows, 100.0}})
         ChannelActionRows(rows, f, channelRows, bound);
     SplitRows(rows, f);
+    LibraryRows(rows, QCoreApplication::applicationFilePath(), f);
 
     bench::Print(rows);
     return 0;

@@ -1,0 +1,155 @@
+// The benchmark rows of what comes in from files: opening large fixtures to a painted window
+// against the empty start, reading and mapping every QLC+ fixture Debian ships, and the
+// command line converting and checking all of them.
+#include "library.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <cstdio>
+
+#include "gui/application.h"
+#include "gui/seams.h"
+#include "gui/testing.h"
+#include "input/command_line.h"
+#include "input/fixture_source.h"
+#include "input/qxf_mapping.h"
+#include "output/save_flow.h"
+#include "wizard/library_commands.h"
+#include "wizard/main_form.h"
+#include "wizard/start.h"
+
+namespace {
+
+const QString kFixtures = QStringLiteral("/usr/share/qlcplus/fixtures");
+
+QStringList InstalledFixtures() {
+    QStringList files;
+    QDirIterator it(kFixtures, {QStringLiteral("*.qxf")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) files << it.next();
+    files.sort();
+    return files;
+}
+
+double StartMs(const QString& self, const QStringList& args) {
+    QProcess p;
+    p.start(self, args);
+    p.waitForFinished(60000);
+    return p.readAllStandardOutput().trimmed().split(' ').value(0).toDouble();
+}
+
+// Milliseconds of one run of the program with `args`, its output thrown away.
+double ProgramMs(const QString& program, const QStringList& args) {
+    QProcess p;
+    p.setStandardOutputFile(QProcess::nullDevice());
+    p.setStandardErrorFile(QProcess::nullDevice());
+    QElapsedTimer timer;
+    timer.start();
+    p.start(program, args);
+    p.waitForFinished(600000);
+    return timer.nsecsElapsed() / 1e6;
+}
+
+}  // namespace
+
+int OpenChild(int argc, char** argv) {
+    QElapsedTimer timer;
+    timer.start();
+    gui::Application app(argc, argv);
+    gui::seams::Reset();  // no real dialog can come up
+    MainForm form;
+    StartWizard(form, QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
+    gui::testing::PaintNow(form.main);
+    std::printf("%f\n", timer.nsecsElapsed() / 1e6);
+    return 0;
+}
+
+int ConvertMemoryChild(int argc, char** argv) {
+    gui::Application app(argc, argv);
+    const QStringList files = InstalledFixtures();
+    QTemporaryDir dir;
+    const LibraryStreams quiet{std::tmpfile(), std::tmpfile(), false};
+    input::CommandLine line;
+    line.targetDir = dir.filePath(QStringLiteral("first"));
+    line.files = files.mid(0, 10);
+    ConvertFixtures(line, quiet);
+    const double first = bench::ResidentMiB();
+    line.targetDir = dir.filePath(QStringLiteral("all"));
+    line.files = files;
+    ConvertFixtures(line, quiet);
+    std::printf("%f %f\n", first, bench::ResidentMiB());
+    return 0;
+}
+
+void LibraryRows(std::vector<bench::Row>& rows, const QString& self, MainForm& f) {
+    QTemporaryDir dir;
+    // A written fixture file of the table's 32,767 rows, as the wizard writes it.
+    const QString bigFile = dir.filePath(QStringLiteral("BIG.R20"));
+    SaveFixtureFile(f, bigFile);
+
+    const QStringList files = InstalledFixtures();
+    if (files.isEmpty()) {
+        rows.push_back({"QLC+ fixtures: skipped, " + kFixtures + " is missing", 0, "", 0, 0, 0});
+    }
+    // Every mode read and mapped; the largest is the one opened below.
+    QElapsedTimer timer;
+    timer.start();
+    int modes = 0;
+    QString largest, largestMode;
+    qsizetype most = 0;
+    for (const QString& path : files) {
+        const input::FixtureSource source = input::ReadFixtureSource(path);
+        if (!source.qxf) continue;
+        for (int m = 0; m < source.qxf->modes.size(); ++m, ++modes) {
+            input::MapQxfMode(*source.qxf, m);
+            if (source.qxf->modes[m].channels.size() <= most) continue;
+            most = source.qxf->modes[m].channels.size();
+            largest = path;
+            largestMode = QString::number(m + 1);
+        }
+    }
+    const double readMs = timer.nsecsElapsed() / 1e6;
+
+    std::vector<double> empty, big, qxf;
+    for (int i = 0; i < 11; ++i) {
+        empty.push_back(StartMs(self, {"--start-form", "full"}));
+        big.push_back(StartMs(self, {"--open-form", bigFile, ""}));
+        if (!largest.isEmpty()) qxf.push_back(StartMs(self, {"--open-form", largest, largestMode}));
+    }
+    const double start = bench::Median(empty);
+    rows.push_back({"open a fixture file of 32,767 rows, to the first paint", bench::Median(big),
+                    "ms", start, 2.0, 0});
+    if (files.isEmpty()) return;
+    rows.push_back(
+        {QStringLiteral("open the largest QLC+ mode (%1 channels), to the first paint").arg(most),
+         bench::Median(qxf), "ms", start, 1.2, 0});
+    rows.push_back({QStringLiteral("read and map all %L1 modes of %L2 QLC+ fixtures")
+                        .arg(modes)
+                        .arg(files.size()),
+                    readMs, "ms", 0, 0, 1000});
+
+    const QString program =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/../src/rigwright");
+    const QString out = dir.filePath(QStringLiteral("lib"));
+    const double convertMs = ProgramMs(program, QStringList{"--convert", "--to", out} + files);
+    rows.push_back({QStringLiteral("--convert of all %L1 modes in one call (%L2 files a second)")
+                        .arg(modes)
+                        .arg(qRound(modes / (convertMs / 1000))),
+                    convertMs, "ms", 0, 0, 10000});
+    QStringList written;
+    for (const QString& name : QDir(out).entryList({QStringLiteral("*.R20")}))
+        written << out + u'/' + name;
+    rows.push_back({QStringLiteral("--check of the %L1 converted files").arg(written.size()),
+                    ProgramMs(program, QStringList{"--check"} + written), "ms", 0, 0, 5000});
+
+    QProcess p;
+    p.start(self, {"--convert-memory", "-"});
+    p.waitForFinished(600000);
+    const QList<QByteArray> mib = p.readAllStandardOutput().trimmed().split(' ');
+    rows.push_back({"--convert: resident memory after all files, against the first 10",
+                    mib.value(1).toDouble(), "MiB", mib.value(0).toDouble(), 1.2, 0});
+}
