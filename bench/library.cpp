@@ -62,7 +62,8 @@ int OpenChild(int argc, char** argv) {
     gui::Application app(argc, argv);
     gui::seams::Reset();  // no real dialog can come up
     MainForm form;
-    StartWizard(form, QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
+    const QString file = QString::fromLocal8Bit(argv[2]);
+    StartWizard(form, file == u"-" ? QString() : file, QString::fromLocal8Bit(argv[3]));
     gui::testing::PaintNow(form.main);
     std::printf("%f\n", timer.nsecsElapsed() / 1e6);
     return 0;

@@ -15,5 +15,8 @@ int OpenChild(int argc, char** argv);
 // after each.
 int ConvertMemoryChild(int argc, char** argv);
 
+// Milliseconds from starting the benchmark with `args` to its window shown on DISPLAY.
+double VisibleOnce(const QString& self, const QStringList& args);
+
 // `f` holds a table of 32,767 rows, which is written and opened again.
 void LibraryRows(std::vector<bench::Row>& rows, const QString& self, MainForm& f);

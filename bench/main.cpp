@@ -111,7 +111,10 @@ int VisibleChild(int argc, char** argv, bool bare, const QByteArray& kinds) {
     }
     gui::Application app(argc, argv);
     MainForm form;
-    StartWizard(form);
+    // The form may open a fixture file (and a mode of it) on its way up.
+    const QString file = QString::fromLocal8Bit(kinds);
+    StartWizard(form, file == u"-" ? QString() : file,
+                argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString());
     gui::testing::WaitUntilPainted(form.main, say);
     return 0;
 }
@@ -121,22 +124,6 @@ QList<QByteArray> RunChild(const QString& self, const QStringList& args) {
     p.start(self, args);
     p.waitForFinished(60000);
     return p.readAllStandardOutput().trimmed().split(' ');
-}
-
-// Milliseconds from starting the program to its "shown", on the display of DISPLAY.
-double VisibleOnce(const QString& self, const QStringList& args) {
-    QProcess p;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    p.setProcessEnvironment(env);
-    QElapsedTimer timer;
-    timer.start();
-    p.start(self, args);
-    while (!p.canReadLine() && p.waitForReadyRead(30000)) {
-    }
-    const double ms = p.readLine().startsWith("shown") ? timer.nsecsElapsed() / 1e6 : -1;
-    p.waitForFinished(30000);
-    return ms;
 }
 
 void StartRows(std::vector<bench::Row>& rows, const QString& self) {
@@ -256,6 +243,22 @@ void SplitRows(std::vector<bench::Row>& rows, MainForm& f) {
 }
 
 }  // namespace
+
+// Milliseconds from starting the program to its "shown", on the display of DISPLAY.
+double VisibleOnce(const QString& self, const QStringList& args) {
+    QProcess p;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    p.setProcessEnvironment(env);
+    QElapsedTimer timer;
+    timer.start();
+    p.start(self, args);
+    while (!p.canReadLine() && p.waitForReadyRead(30000)) {
+    }
+    const double ms = p.readLine().startsWith("shown") ? timer.nsecsElapsed() / 1e6 : -1;
+    p.waitForFinished(30000);
+    return ms;
+}
 
 int main(int argc, char** argv) {
     if (argc >= 3) {

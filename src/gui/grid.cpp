@@ -206,6 +206,10 @@ void Grid::RemoveItem(int row) {
     model_->RemoveRow(row);
 }
 
+void Grid::ReplaceRows(const QList<QStringList>& rows) {
+    model_->ReplaceBody(rows);
+}
+
 int Grid::RowPos(int row) const {
     const int frame = view_->frameWidth();
     if (row <= 0) return PixelsToTwips(frame);

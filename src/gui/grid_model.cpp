@@ -36,6 +36,17 @@ void GridModel::RemoveRow(int row) {
     endRemoveRows();
 }
 
+void GridModel::ReplaceBody(const QList<QStringList>& rows) {
+    beginResetModel();
+    cells_.resize(static_cast<std::size_t>(cols_));
+    cells_.reserve(static_cast<std::size_t>(cols_) * (static_cast<std::size_t>(rows.size()) + 1));
+    for (const QStringList& row : rows) {
+        for (int col = 0; col < cols_; ++col)
+            cells_.push_back(col < row.size() ? *texts_.insert(row[col]) : QString());
+    }
+    endResetModel();
+}
+
 int GridModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : Rows() - 1;
 }

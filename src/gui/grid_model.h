@@ -4,7 +4,9 @@
 // on screen while the body scrolls.
 
 #include <QAbstractTableModel>
+#include <QList>
 #include <QSet>
+#include <QStringList>
 #include <QString>
 #include <vector>
 
@@ -21,6 +23,8 @@ class GridModel : public QAbstractTableModel {
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);
+    // The rows below the fixed row become `rows`, each from column 0, in one change.
+    void ReplaceBody(const QList<QStringList>& rows);
 
     // The body as the view sees it.
     int rowCount(const QModelIndex& parent = {}) const override;

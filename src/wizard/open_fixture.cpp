@@ -34,19 +34,10 @@ void SelectFixtureType(MainForm& f, const input::FixtureFile& file) {
 // The file's rows take the place of the table's rows; a file without channel lines leaves
 // one empty row that reaches no line of the file.
 void FillChannelTable(MainForm& f, const input::FixtureFile& file) {
-    gui::Grid& table = f.table;
-    const int startRows = table.Rows() - 1;
-    for (const QStringList& cells : file.channelRows) {
-        table.AddItem(QStringLiteral("#"));
-        const int row = table.Rows() - 1;
-        // Cell by cell, since a comment may hold a tab.
-        for (int column = 1; column < cells.size(); ++column)
-            table.setTextMatrix(row, column, cells[column]);
-    }
-    if (file.channelRows.isEmpty()) {
-        table.AddItem(QStringLiteral("1"));
-    }
-    for (int i = 0; i < startRows; ++i) table.RemoveItem(1);
+    QList<QStringList> rows = file.channelRows;
+    for (QStringList& cells : rows) cells[0] = QStringLiteral("#");
+    if (rows.isEmpty()) rows.append(QStringList(QStringLiteral("1")));
+    f.table.ReplaceRows(rows);
 }
 
 // Whether the pages hold anything beyond what the wizard starts with.
