@@ -143,6 +143,26 @@ struct Row {
     int wheel = 0;
 };
 
+// The cells a preset writes from its channel type on: the channel type, then the fields of
+// its tail (attribute type, key, wheel, label, curve, inv, ratio, locate, highlight,
+// lowlight, comment).
+struct PresetCells {
+    QString channelType;
+    QStringList tail;
+};
+
+// The preset rows split into their cells once, by index and row, as the panel numbers them.
+const PresetCells& CellsOf(const PresetRef& ref) {
+    static const QList<QList<PresetCells>> kCells = [] {
+        QList<QList<PresetCells>> cells(common::kPresetCount);
+        for (const common::PresetRow& preset : common::PresetRows())
+            cells[preset.index].append({QString::fromLatin1(preset.channelType),
+                                        QString::fromLatin1(preset.tail).split(u';').mid(1)});
+        return cells;
+    }();
+    return kCells[ref.index][ref.row];
+}
+
 // The slots of key and wheel: first those no preset uses, then the presets' own.
 struct Slot {
     int key;
@@ -150,28 +170,19 @@ struct Slot {
     bool operator==(const Slot&) const = default;
 };
 
-QList<Slot> SlotOrder() {
-    QList<Slot> order = {{1, 61}};
-    for (int key = 11; key <= 15; ++key) order << Slot{key, 1} << Slot{key, 61};
-    order << Slot{16, 1} << Slot{18, 1} << Slot{19, 1} << Slot{20, 1} << Slot{20, 61};
-    for (const common::PresetRow& preset : common::PresetRows()) {
-        const QStringList tail = QString::fromLatin1(preset.tail).split(u';');
-        const Slot slot{tail[2].toInt(), tail[3].toInt()};
-        if (!order.contains(slot)) order << slot;
-    }
-    return order;
-}
-
-// The fields of a preset's tail behind its leading ";": attribute type, key, wheel, label,
-// curve, inv, ratio, locate, highlight, lowlight, comment.
-QStringList PresetTail(const PresetRef& ref, QString* channelType) {
-    int row = 0;
-    for (const common::PresetRow& preset : common::PresetRows()) {
-        if (preset.index != ref.index || row++ != ref.row) continue;
-        *channelType = QString::fromLatin1(preset.channelType);
-        return QString::fromLatin1(preset.tail).split(u';').mid(1);
-    }
-    return {};
+const QList<Slot>& SlotOrder() {
+    static const QList<Slot> kOrder = [] {
+        QList<Slot> order = {{1, 61}};
+        for (int key = 11; key <= 15; ++key) order << Slot{key, 1} << Slot{key, 61};
+        order << Slot{16, 1} << Slot{18, 1} << Slot{19, 1} << Slot{20, 1} << Slot{20, 61};
+        for (const common::PresetRow& preset : common::PresetRows()) {
+            const QStringList tail = QString::fromLatin1(preset.tail).split(u';');
+            const Slot slot{tail[2].toInt(), tail[3].toInt()};
+            if (!order.contains(slot)) order << slot;
+        }
+        return order;
+    }();
+    return kOrder;
 }
 
 // Text as one line of a box: line breaks and other control characters become blanks.
@@ -305,15 +316,14 @@ class ModeMapper {
     // those no preset uses first. With more rows than slots, the slots come round again and
     // the advice on the finish page tells of the duplicate, as for a typed table.
     void assignSlots() {
-        const QList<Slot> order = SlotOrder();
+        const QList<Slot>& order = SlotOrder();
         QSet<int> taken;  // key * 100 + wheel
         auto code = [](const Slot& s) { return s.key * 100 + s.wheel; };
         QList<bool> done(rows_.size(), false);
         for (int r = 0; r < rows_.size(); ++r) {
             if (!firstOfKind(rows_[r])) continue;
             const Kind* kind = channels_[rows_[r].channel].kind;
-            QString type;
-            const QStringList tail = PresetTail(kind->presets[rows_[r].occurrence], &type);
+            const QStringList& tail = CellsOf(kind->presets[rows_[r].occurrence]).tail;
             const Slot slot{tail[1].toInt(), tail[2].toInt()};
             if (taken.contains(code(slot))) continue;
             taken.insert(code(slot));
@@ -342,7 +352,10 @@ class ModeMapper {
         QString channelType = QString::fromLatin1(common::kFadeableType);
         QStringList tail;  // attribute type to comment
         if (presets > 0 && !row.dimmerFine) {
-            tail = PresetTail(c.kind->presets[std::min(row.occurrence, presets - 1)], &channelType);
+            const PresetCells& cells =
+                CellsOf(c.kind->presets[std::min(row.occurrence, presets - 1)]);
+            channelType = cells.channelType;
+            tail = cells.tail;
             if (!firstOfKind(row) && FitsLabel(c.source->name)) tail[3] = c.source->name;
             if (c.kind == &kDimmer && !row.htp)
                 channelType = QString::fromLatin1(common::kFadeableType);
