@@ -353,3 +353,11 @@ void ReleaseCell(Grid& grid, int row, int col) {
 }
 
 }  // namespace gui::testing
+
+namespace gui::testing {
+
+bool PlacedByWindowManager(Form& form) {
+    return !form.widget()->testAttribute(Qt::WA_Moved);
+}
+
+}  // namespace gui::testing

@@ -111,3 +111,10 @@ namespace gui::testing {
 void ReleaseCell(Grid& grid, int row, int col);
 
 }  // namespace gui::testing
+
+namespace gui::testing {
+
+// The window shows where the window manager puts it: no place was given to it.
+bool PlacedByWindowManager(Form& form);
+
+}  // namespace gui::testing

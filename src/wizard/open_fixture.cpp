@@ -1,5 +1,7 @@
 #include "wizard/open_fixture.h"
 
+#include <QFileInfo>
+
 #include "gui/dialogs.h"
 #include "input/fixture_reader.h"
 #include "wizard/main_form.h"
@@ -59,4 +61,7 @@ void OpenFixtureFile(MainForm& f, const QString& path) {
         return;
     }
     FillFromFixture(f, *outcome.fixture);
+    const QFileInfo opened(path);
+    if (opened.suffix().compare(QStringLiteral("R20"), Qt::CaseInsensitive) == 0)
+        f.OpenedFile = opened.absoluteFilePath();
 }
