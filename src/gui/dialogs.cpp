@@ -88,9 +88,9 @@ class SaveFileDialog : public QFileDialog {
 class NoSettingsKept {
   public:
     NoSettingsKept() {
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
-                           folder_.isValid() ? folder_.path() : QStringLiteral("/dev/null"));
+        const QString path = folder_.isValid() ? folder_.path() : QStringLiteral("/dev/null");
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, path);
     }
 
   private:
