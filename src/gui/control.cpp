@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QTextEdit>
 #include <QTimer>
 
@@ -174,6 +175,9 @@ void Form::create(const QString& name, const Look& look, const QString& iconFold
     Control none;
     adopt(window, none, name, look);
     window->setFixedSize(TwipsToPixels(look.width), TwipsToPixels(look.height));
+    // A window given a place before it shows is placed there by the window manager, at 0,0
+    // with its title bar off the screen; without one, the window manager places it.
+    window->setAttribute(Qt::WA_Moved, false);
     window->setWindowTitle(look.caption);
     window->iconFolder = iconFolder;
 }
@@ -191,6 +195,12 @@ void Form::Show() {
 }
 void Form::Close() {
     widget_->close();
+}
+
+void Form::onShortcut(const QKeySequence& keys, Handler handler) {
+    auto* shortcut = new QShortcut(keys, widget_);
+    shortcut->setContext(Qt::WindowShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, widget_, std::move(handler));
 }
 
 // ---- Frame ----------------------------------------------------------------------------

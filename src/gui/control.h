@@ -18,6 +18,7 @@ class QRadioButton;
 class QCheckBox;
 class QAbstractButton;
 class QListWidget;
+class QKeySequence;
 
 namespace gui {
 
@@ -64,10 +65,13 @@ class Form : public Control {
     void create(const QString& name, const Look& look, const QString& iconFolder);
     QString Caption() const;
     void onQueryUnload(std::function<void(int& cancel, int& unloadMode)> handler);
-    void Show();
+    void Show();   // where the window manager puts it: centred on the screen it starts on
     void Close();  // asks, as the close box does
     // A local file dropped anywhere on the window; its path goes to `handler`.
     void onFileDrop(std::function<void(const QString&)> handler);
+    // Runs `handler` when the keys are pressed anywhere in the window, whatever has the
+    // focus; the keys type nothing into the control that has it.
+    void onShortcut(const QKeySequence& keys, Handler handler);
 };
 
 class Button;
@@ -85,6 +89,8 @@ class Frame : public Control {
     // While the frame shows, Return presses `defaultButton` and Escape `cancelButton`, with
     // the focus anywhere in the frame's window.
     void setDialogButtons(Button& defaultButton, Button& cancelButton);
+    // While the frame shows, Escape hides it, with the focus anywhere in the frame's window.
+    void HideOnEscape();
     // Gives the focus to the first control inside that takes input, in tab order: a text
     // box, a list, a grid, an option or a check box that is enabled and not hidden.
     // False when there is none.

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include "gui/seams_state.h"
 
@@ -56,27 +58,60 @@ QString QtFilter(const QString& filter) {
     return entries.join(QStringLiteral(";;"));
 }
 
-// The save dialog accepts only a name in a folder that exists; Qt's own dialog hands back
-// any name it is given. A refused name keeps the dialog open and says why.
+// The save dialog accepts only a name in a folder that exists; the dialogs hand back any
+// name they are given. True when the name is refused, after saying why.
+bool RefuseMissingFolder(QWidget* parent, const QString& title, const QString& name) {
+    const QFileInfo target(name);
+    if (target.absoluteDir().exists()) return false;
+    QMessageBox::warning(
+        parent, title,
+        QStringLiteral("%1\nThe folder does not exist. Check the name and try again.")
+            .arg(QDir::toNativeSeparators(target.absoluteFilePath())));
+    return true;
+}
+
+// Qt's own dialog, where the platform has none: a refused name keeps it open.
 class SaveFileDialog : public QFileDialog {
   public:
     using QFileDialog::QFileDialog;
 
     void accept() override {
         const QStringList chosen = selectedFiles();
-        if (!chosen.isEmpty()) {
-            const QFileInfo target(chosen.first());
-            if (!target.absoluteDir().exists()) {
-                QMessageBox::warning(
-                    this, windowTitle(),
-                    QStringLiteral("%1\nThe folder does not exist. Check the name and try again.")
-                        .arg(QDir::toNativeSeparators(target.absoluteFilePath())));
-                return;
-            }
-        }
+        if (!chosen.isEmpty() && RefuseMissingFolder(this, windowTitle(), chosen.first())) return;
         QFileDialog::accept();
     }
 };
+
+// Qt's file dialog writes its last folder, history and view into a settings file of Qt's
+// when it closes. The program keeps no settings: while a dialog lives, settings go to a
+// folder that is removed with it.
+class NoSettingsKept {
+  public:
+    NoSettingsKept() {
+        const QString path = folder_.isValid() ? folder_.path() : QStringLiteral("/dev/null");
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, path);
+    }
+
+  private:
+    QTemporaryDir folder_;
+};
+
+// The platform's own dialog (GTK, the desktop portal, Windows) where it has one, else Qt's.
+std::optional<QString> RunSaveDialog(const SaveDialog& browse, const QString& proposal) {
+    NoSettingsKept noSettings;
+    SaveFileDialog dialog(QApplication::activeWindow(), browse.DialogTitle);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !browse.OverwritePrompt);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);  // the filter reads as it is given
+    dialog.setNameFilter(QtFilter(browse.Filter));
+    dialog.selectFile(proposal);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    const QStringList chosen = dialog.selectedFiles();
+    if (chosen.isEmpty()) return std::nullopt;
+    return chosen.first();
+}
 
 }  // namespace
 
@@ -125,18 +160,18 @@ bool SaveDialog::ShowSave() {
         ++seams.unanswered;
         return false;
     }
-    SaveFileDialog dialog(QApplication::activeWindow(), DialogTitle);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontUseNativeDialog, true);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, !OverwritePrompt);
-    dialog.setNameFilter(QtFilter(Filter));
-    dialog.selectFile(FileName);
-    if (dialog.exec() != QDialog::Accepted) return false;
-    const QStringList chosen = dialog.selectedFiles();
-    if (chosen.isEmpty()) return false;
-    FileName = chosen.first();
-    return true;
+    // A platform dialog returns a name in a missing folder: refused, and the dialog comes
+    // again with that name.
+    QString proposal = FileName;
+    for (;;) {
+        const std::optional<QString> chosen = RunSaveDialog(*this, proposal);
+        if (!chosen) return false;
+        if (!RefuseMissingFolder(QApplication::activeWindow(), DialogTitle, *chosen)) {
+            FileName = *chosen;
+            return true;
+        }
+        proposal = *chosen;
+    }
 }
 
 }  // namespace gui

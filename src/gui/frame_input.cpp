@@ -40,8 +40,12 @@ namespace {
 // dialog, and the frame is no dialog, so its keys are caught before any control sees them.
 class DialogKeys : public QObject {
   public:
-    DialogKeys(QWidget* frame, Button& defaultButton, Button& cancelButton)
-        : QObject(frame), frame_(frame), default_(defaultButton), cancel_(cancelButton) {
+    DialogKeys(Frame& frame, Button* defaultButton, Button* cancelButton)
+        : QObject(frame.widget()),
+          frame_(frame.widget()),
+          hide_([&frame] { frame.setVisible(false); }),
+          default_(defaultButton),
+          cancel_(cancelButton) {
         qApp->installEventFilter(this);
     }
 
@@ -54,10 +58,14 @@ class DialogKeys : public QObject {
         switch (key->key()) {
             case Qt::Key_Return:
             case Qt::Key_Enter:
-                default_.Click();
+                if (!default_) return false;
+                default_->Click();
                 return true;
             case Qt::Key_Escape:
-                cancel_.Click();
+                if (cancel_)
+                    cancel_->Click();
+                else
+                    hide_();
                 return true;
             default:
                 return false;
@@ -66,8 +74,9 @@ class DialogKeys : public QObject {
 
   private:
     QWidget* frame_;
-    Button& default_;
-    Button& cancel_;
+    Handler hide_;
+    Button* default_;  // none: Return does what it does elsewhere
+    Button* cancel_;   // none: Escape hides the frame
 };
 
 bool TakesInput(const QWidget* w) {
@@ -84,7 +93,11 @@ void Frame::setVisible(bool visible) {
 }
 
 void Frame::setDialogButtons(Button& defaultButton, Button& cancelButton) {
-    new DialogKeys(widget_, defaultButton, cancelButton);
+    new DialogKeys(*this, &defaultButton, &cancelButton);
+}
+
+void Frame::HideOnEscape() {
+    new DialogKeys(*this, nullptr, nullptr);
 }
 
 bool Frame::FocusFirstInput() {

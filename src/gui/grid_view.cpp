@@ -25,6 +25,7 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     if (onHead && type == QEvent::MouseButtonDblClick) {
         headPressed_ = false;  // the click before it was the Click
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && dblClick) dblClick();
     } else if (onHead && (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease)) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         const QPoint at = mouse->globalPosition().toPoint();
@@ -36,11 +37,37 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
             // A drag on a head is no click.
             const bool dragged =
                 (at - headPress_).manhattanLength() >= QApplication::startDragDistance();
-            if (headPressed_ && left && !dragged && click) click();
+            if (headPressed_ && left && !dragged) {
+                moveToHead(watched, *mouse);
+                if (click) click();
+            }
             headPressed_ = false;
         }
     }
     return QTableView::eventFilter(watched, event);
+}
+
+void GridView::moveToHead(QObject* head, const QMouseEvent& mouse) {
+    const QPoint at = mouse.position().toPoint();
+    if (head == verticalHeader()->viewport()) {
+        // A row's mark makes the row current and selects it; with Shift it extends the
+        // selection from the current row, as a Shift click on a cell does.
+        const int row = verticalHeader()->logicalIndexAt(at.y());
+        if (row < 0) return;
+        if (!(mouse.modifiers() & Qt::ShiftModifier)) {
+            const int col = anchorCol();
+            resetAnchor();
+            setCurrentIndex(model()->index(row, col));
+        }
+        extendTo(row);
+    } else if (head == horizontalHeader()->viewport()) {
+        // A column's head makes the column current, on the current row.
+        const int col = horizontalHeader()->logicalIndexAt(at.x());
+        if (col < 0) return;
+        const int row = anchorRow();
+        resetAnchor();
+        setCurrentIndex(model()->index(row, col));
+    }
 }
 
 int GridView::anchorRow() const {

@@ -1,8 +1,9 @@
 #pragma once
 // Inside gui/ only: the view of a grid. It reports Click after the current cell has moved,
 // DblClick after its Click, and KeyPress for the keys that give a character. A click on a
-// head, a mark or the empty area is a Click on the grid too, and a double click on the
-// empty area a DblClick; the current cell stays where it was. It keeps the
+// head or a mark first makes its column or row current (a mark selects its row, with Shift
+// from the current row on); a click on the empty area leaves the current cell where it
+// was. Each is a Click on the grid too, and a double click on any of them a DblClick. It keeps the
 // cell where a drag or a Shift move began as the current cell (Row, Col) and the far end
 // of the selected rows as RowSel.
 
@@ -38,6 +39,7 @@ class GridView : public QTableView {
     void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
 
   private:
+    void moveToHead(QObject* head, const QMouseEvent& mouse);
     bool extending_ = false;  // the current cell moves as the far end of a selection
     bool extended_ = false;   // the anchor below stands for the current cell
     int anchorRow_ = 0;

@@ -84,24 +84,34 @@ void DoubleClickEmptyArea(Grid& grid) {
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);
 }
 
-void ClickHead(Grid& grid, int col) {
-    GridView* view = grid.view();
-    if (col == 0) {
-        auto* corner = view->findChild<QAbstractButton*>();
-        QTest::mouseClick(corner, Qt::LeftButton, {}, corner->rect().center());
-        return;
-    }
-    QHeaderView* heads = view->horizontalHeader();
+// Where a head or a mark is clicked: the head row's or the mark column's viewport, and the
+// middle of the section there.
+static std::pair<QWidget*, QPoint> HeadAt(Grid& grid, int col) {
+    QHeaderView* heads = grid.view()->horizontalHeader();
     const int x = heads->sectionViewportPosition(col - 1) + heads->sectionSize(col - 1) / 2;
-    QTest::mouseClick(heads->viewport(), Qt::LeftButton, {}, QPoint(x, heads->height() / 2));
+    return {heads->viewport(), QPoint(x, heads->height() / 2)};
 }
-
-void ClickMark(Grid& grid, int row) {
+static std::pair<QWidget*, QPoint> MarkAt(Grid& grid, int row) {
     GridView* view = grid.view();
     view->scrollTo(grid.model()->index(row - 1, 0));
     QHeaderView* marks = view->verticalHeader();
     const int y = marks->sectionViewportPosition(row - 1) + marks->sectionSize(row - 1) / 2;
-    QTest::mouseClick(marks->viewport(), Qt::LeftButton, {}, QPoint(marks->width() / 2, y));
+    return {marks->viewport(), QPoint(marks->width() / 2, y)};
+}
+
+void ClickHead(Grid& grid, int col) {
+    if (col == 0) {
+        auto* corner = grid.view()->findChild<QAbstractButton*>();
+        QTest::mouseClick(corner, Qt::LeftButton, {}, corner->rect().center());
+        return;
+    }
+    const auto [heads, at] = HeadAt(grid, col);
+    QTest::mouseClick(heads, Qt::LeftButton, {}, at);
+}
+
+void ClickMark(Grid& grid, int row, Qt::KeyboardModifiers modifiers) {
+    const auto [marks, at] = MarkAt(grid, row);
+    QTest::mouseClick(marks, Qt::LeftButton, modifiers, at);
 }
 
 QAbstractItemModel* ModelOf(Grid& grid) {
@@ -369,6 +379,21 @@ void DropFile(Control& onto, const QString& path) {
     if (!enter.isAccepted()) return;  // the window does not take it: no drop
     QDropEvent drop(QPointF(at), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(target, &drop);
+}
+
+bool PlacedByWindowManager(Form& form) {
+    return !form.widget()->testAttribute(Qt::WA_Moved);
+}
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+
+void DoubleClickHeadOrMark(Grid& grid, int col, int row) {
+    const auto [widget, at] = col > 0 ? HeadAt(grid, col) : MarkAt(grid, row);
+    QTest::mouseClick(widget, Qt::LeftButton, {}, at);
+    QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
 }
 
 }  // namespace gui::testing

@@ -27,7 +27,8 @@ void DragRows(Grid& grid, int fromRow, int toRow, int col);  // press, move, rel
 void ClickEmptyArea(Grid& grid);                             // below the last row
 void DoubleClickEmptyArea(Grid& grid);
 void ClickHead(Grid& grid, int col);  // the head of a column; column 0's is the corner
-void ClickMark(Grid& grid, int row);  // the mark of a row, in the fixed column
+void ClickMark(Grid& grid, int row,   // the mark of a row, in the fixed column
+               Qt::KeyboardModifiers modifiers = {});
 QAbstractItemModel* ModelOf(Grid& grid);
 // The mouse rests on a cell until its tool tip comes: the tip's text, empty if none shows.
 QString ToolTipOfCell(Grid& grid, int row, int col);
@@ -116,5 +117,14 @@ namespace gui::testing {
 
 // Drags a local file over the middle of `onto` and lets it go there, as from a file manager.
 void DropFile(Control& onto, const QString& path);
+// The window shows where the window manager puts it: no place was given to it.
+bool PlacedByWindowManager(Form& form);
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+
+// A double click on the head of column `col`, or with `col` 0 on the mark of row `row`.
+void DoubleClickHeadOrMark(Grid& grid, int col, int row);
 
 }  // namespace gui::testing

@@ -157,6 +157,15 @@ void PictureButton::paintEvent(QPaintEvent*) {
     style()->drawItemText(&p, area, flags, palette(), isEnabled(), caption, QPalette::ButtonText);
 }
 
+void PictureButton::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !(event->modifiers() & ~Qt::KeypadModifier)) {
+        click();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
+
 void PictureLabel::setPicture(const QString& resource) {
     resource_ = resource;
     update();

@@ -51,6 +51,9 @@ class PictureButton : public QPushButton {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    // Return presses the button that has the focus, as Space does; Qt's button takes Return
+    // only inside a dialog.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QString resource_;

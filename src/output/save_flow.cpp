@@ -53,8 +53,10 @@ void finished_Click(MainForm& f) {
     browse.DialogTitle = caption;
     browse.Filter = QStringLiteral("*.R20|*.R20");
     browse.OverwritePrompt = true;
-    browse.FileName = DefaultName(f);
+    // After a file was opened, the first save proposes that file, where it is.
+    browse.FileName = f.OpenedFile.isEmpty() ? DefaultName(f) : f.OpenedFile;
     if (!browse.ShowSave() || browse.FileName.isEmpty()) return;
+    f.OpenedFile.clear();
 
     // The name as the user knows it, with the system's own separators.
     const QString path = QDir::toNativeSeparators(browse.FileName);

@@ -3,6 +3,7 @@
 #include "channels/cell_editor.h"
 #include "gui/dialogs.h"
 #include "gui/system.h"
+#include "input/command_line.h"
 #include "ranges/range_table.h"
 #include "wizard/advice.h"
 #include "wizard/fixture_pages.h"
@@ -15,7 +16,25 @@ constexpr int kFinishPage = 3;
 const QString kQuitQuestion =
     QStringLiteral("Are you sure you want to quit? Any data collected will be lost!");
 
+const QString kHelp = QStringLiteral(
+    "Keys that work anywhere in the window:\n"
+    "Ctrl+S  Finished! (save the fixture file), when it is enabled\n"
+    "Ctrl+O  open a fixture file (.R20 or QLC+ .qxf)\n"
+    "Ctrl+Q  quit, after the question\n"
+    "F1  this help\n"
+    "\n"
+    "Tab and Shift+Tab move between the controls; Space or Return presses the button that "
+    "has the focus. On a grid the cursor keys move, any key opens the cell editor, Return "
+    "stores. Escape hides the preset panel.\n"
+    "\n"
+    "%1\n"
+    "Every page is described in README.md, in the source and at https://rigwright.tolvane.org/");
+
 }  // namespace
+
+void ShowHelp(MainForm& f) {
+    gui::MsgBox(kHelp.arg(input::VersionText().trimmed()), gui::kInformation, f.main.Caption());
+}
 
 void Form_Load(MainForm& f) {
     f.CurrentStep = 0;
@@ -25,7 +44,7 @@ void Form_Load(MainForm& f) {
     rclear_Click(f);
 }
 
-void ShowStep(MainForm& f) {
+void ShowStep(MainForm& f, bool backwards) {
     f.CanFinish = f.CurrentStep == kFinishPage;
     for (int i = 0; i < static_cast<int>(f.stepf.size()); ++i) f.stepf[i].setVisible(false);
     gui::Frame& page = f.stepf[f.CurrentStep];
@@ -47,7 +66,16 @@ void ShowStep(MainForm& f) {
         GiveAdvice(f);
     }
     // The focus must not stay on a button of the page before: a typed blank would press it.
-    if (!page.FocusFirstInput()) (f.nexts.Enabled() ? f.nexts : f.finished).SetFocus();
+    // A page without input hands it to the button that leads on the way the user went.
+    if (page.FocusFirstInput()) return;
+    gui::Button* const forwards[] = {&f.nexts, &f.finished, &f.previous};
+    gui::Button* const back[] = {&f.previous, &f.nexts, &f.finished};
+    for (gui::Button* b : backwards ? back : forwards) {
+        if (b->Enabled()) {
+            b->SetFocus();
+            return;
+        }
+    }
 }
 
 void nexts_Click(MainForm& f) {
@@ -60,7 +88,7 @@ void nexts_Click(MainForm& f) {
 void previous_Click(MainForm& f) {
     if (f.CurrentStep <= 0) return;
     f.CurrentStep -= 1;
-    ShowStep(f);
+    ShowStep(f, true);
 }
 
 void cancel_Click(MainForm& f) {

@@ -65,6 +65,8 @@ struct MainForm {
     // The engine's own state.
     std::int16_t CurrentStep = 0;
     bool CanFinish = false;
+    // The .R20 file the pages were filled from, whole path; the first save proposes it.
+    QString OpenedFile;
 };
 
 // The texts of the form that other parts of the wizard use as they stand.

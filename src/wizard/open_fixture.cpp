@@ -124,6 +124,8 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
         if (answer != gui::kAnswerYes) return false;
     }
     ShowOpenedFixture(f, *file);
+    // The first save proposes the file that was opened; a QLC+ fixture is no file to replace.
+    f.OpenedFile = source.written ? QFileInfo(path).absoluteFilePath() : QString();
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "wizard/wiring.h"
 
+#include <QKeySequence>
+
 #include "channels/cell_editor.h"
 #include "channels/channel_table.h"
 #include "channels/presets.h"
@@ -17,6 +19,10 @@ void WireEvents(MainForm& f) {
     f.nexts.onClick([m] { nexts_Click(*m); });
     f.previous.onClick([m] { previous_Click(*m); });
     f.cancel.onClick([m] { cancel_Click(*m); });
+    f.main.onShortcut(QKeySequence(Qt::CTRL | Qt::Key_S), [m] { m->finished.Click(); });
+    f.main.onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), [m] { cancel_Click(*m); });
+    f.main.onShortcut(QKeySequence(Qt::Key_F1), [m] { ShowHelp(*m); });
+    f.main.onShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), [m] { openfixture_Click(*m); });
     f.goonrange.onClick([m] { goonrange_Click(*m); });
     f.finished.onClick([m] { finished_Click(*m); });
     f.openfixture.onClick([m] { openfixture_Click(*m); });
@@ -25,6 +31,7 @@ void WireEvents(MainForm& f) {
     f.add.onClick([m] { add_Click(*m); });
     f.delete_.onClick([m] { delete_Click(*m); });
     f.adddef.onClick([m] { adddef_Click(*m); });
+    f.defaultsframe.HideOnEscape();
     for (int i = 0; i < static_cast<int>(f.Command6.size()); ++i)
         f.Command6[i].onClick([m, i] { Command6_Click(*m, static_cast<std::int16_t>(i)); });
     f.table.onClick([m] { table_Click(*m); });

@@ -56,11 +56,11 @@ class TestForm : public FormFixture {
         goToPage(page);
         QCOMPARE(buttons(), enabled);
         QCOMPARE(FocusName(), focus);
-        if (page < 6) {  // the same on the way back, whatever the continuation box holds
+        if (page < 6) {  // on the way back "< Previous" leads on, whatever the box holds
             goToPage(page + 1);
             Click(form().previous);
             QCOMPARE(buttons(), enabled);
-            QCOMPARE(FocusName(), focus);
+            QCOMPARE(FocusName(), focus == u"nexts" ? QStringLiteral("previous") : focus);
         } else {  // Next pressed by code on the last page keeps the index
             nexts_Click(form());
         }

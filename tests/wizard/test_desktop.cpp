@@ -1,0 +1,84 @@
+// The window as a desktop program: where it opens, the keys that act anywhere in it, and
+// what the first save after an open proposes.
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "gui/dialogs.h"
+#include "gui/seams.h"
+#include "gui/testing.h"
+#include "output/save_flow.h"
+#include "support/form_fixture.h"
+#include "wizard/open_fixture.h"
+
+using namespace gui::testing;
+
+class TestDesktop : public FormFixture {
+    Q_OBJECT
+
+  private slots:
+    void placedByWindowManager() { QVERIFY(PlacedByWindowManager(form().main)); }
+
+    // Each key pressed with the focus where the page puts it; what it did, as the calls of
+    // the dialogs and the page it leaves.
+    void windowKeys_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<int>("saveCalls");
+        QTest::addColumn<QString>("message");  // the start of the message shown, if any
+        QTest::addColumn<int>("pageAfter");
+        const int ctrl = Qt::ControlModifier, none = Qt::NoModifier;
+        QTest::newRow("Ctrl+S on Step 4 saves") << 3 << int(Qt::Key_S) << ctrl << 1 << "" << 3;
+        QTest::newRow("Ctrl+S elsewhere nothing") << 2 << int(Qt::Key_S) << ctrl << 0 << "" << 2;
+        QTest::newRow("Ctrl+Q asks") << 0 << int(Qt::Key_Q) << ctrl << 0 << "Are you sure" << 0;
+        QTest::newRow("F1 helps") << 1 << int(Qt::Key_F1) << none << 0 << "Keys that" << 1;
+        QTest::newRow("Return presses Next") << 4 << int(Qt::Key_Return) << none << 0 << "" << 5;
+    }
+    void windowKeys() {
+        QFETCH(int, page);
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QFETCH(int, saveCalls);
+        QFETCH(QString, message);
+        QFETCH(int, pageAfter);
+        goToPage(page);
+        if (saveCalls) gui::seams::QueueSaveAnswer(std::nullopt);
+        if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        PressKey(Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(int(gui::seams::SaveDialogCalls().size()), saveCalls);
+        QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(message.isEmpty() ? 0 : 1));
+        if (!message.isEmpty()) QVERIFY(gui::seams::MsgBoxCalls().front().text.startsWith(message));
+        QCOMPARE(int(form().CurrentStep), pageAfter);
+        QVERIFY(!gui::seams::EndRequested());
+    }
+
+    void escapeHidesPresets() {
+        goToPage(2);
+        Click(form().adddef);
+        QVERIFY(ShownOnScreen(form().defaultsframe));
+        PressKey(Qt::Key_Escape);
+        QVERIFY(!ShownOnScreen(form().defaultsframe));
+        QCOMPARE(FocusName(), QStringLiteral("adddef"));
+    }
+
+    // The first save after an open proposes the opened file; the next ones the name on the
+    // desk, in the working folder.
+    void openedFileProposedOnce() {
+        const QString opened = dataPath(QStringLiteral("output_worked_example.R20"));
+        OpenFixtureFile(form(), opened);
+        QTemporaryDir dir;
+        gui::seams::QueueSaveAnswer(dir.filePath(QStringLiteral("A.R20")));
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueSaveAnswer(std::nullopt);
+        goToPage(3);
+        Click(form().finished);
+        Click(form().finished);
+        const auto& calls = gui::seams::SaveDialogCalls();
+        QCOMPARE(calls.size(), std::size_t(2));
+        QCOMPARE(calls[0].presetName, QFileInfo(opened).absoluteFilePath());
+        QCOMPARE(calls[1].presetName, QStringLiteral("BEAM575.R20"));
+    }
+};
+
+RIGWRIGHT_TEST_CLASS(TestDesktop)
+#include "test_desktop.moc"
