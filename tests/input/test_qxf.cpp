@@ -1,6 +1,7 @@
 // Starting from a QLC+ fixture definition: how a mode becomes the pages, the files refused,
 // every fixture Debian ships, the ways in as a person takes them, and the command line that
 // converts and checks whole libraries with the wizard's own code.
+#include <sys/stat.h>
 #include <QAccessible>
 #include <QDirIterator>
 #include <QTemporaryDir>
@@ -376,11 +377,12 @@ void TestQxf::replaceAsks() {
     const gui::seams::MsgBoxCall question = gui::seams::MsgBoxCalls().back();
     QCOMPARE(question.style, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2);
     QVERIFY(question.text.contains(path));
-    for (const QString& bad : {dir.path(), QStringLiteral("/dev/zero"), dir.filePath("huge.qxf")}) {
-        if (bad.endsWith("huge.qxf")) {
-            QFile huge(bad);
-            QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(100 << 20));
-        }
+    // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once.
+    const QString fifo = dir.filePath("fifo.qxf"), huge = dir.filePath("huge.qxf");
+    QVERIFY(mkfifo(fifo.toLocal8Bit().constData(), 0600) == 0);
+    QFile big(huge);
+    QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(100 << 20));
+    for (const QString& bad : {dir.path(), QStringLiteral("/dev/zero"), fifo, huge}) {
         gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
         QVERIFY(!OpenFixtureFile(f, bad));
         QVERIFY(gui::seams::MsgBoxCalls().back().text.startsWith("File " + bad +
