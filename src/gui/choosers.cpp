@@ -9,13 +9,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "gui/no_settings.h"
 #include "gui/seams_state.h"
 
 namespace gui {
 
 bool OpenDialog::ShowOpen() {
     auto& seams = detail::Seams();
-    seams.openCalls.push_back({DialogTitle, Filters, InitDir});
+    seams.openCalls.push_back({DialogTitle, Filters, InitDir, SelectedFilter});
     if (!seams.openAnswers.empty()) {
         const std::optional<QString> answer = seams.openAnswers.front();
         seams.openAnswers.pop_front();
@@ -27,8 +28,9 @@ bool OpenDialog::ShowOpen() {
         ++seams.unanswered;
         return false;
     }
+    const detail::NoSettingsKept noSettings;
     FileName = QFileDialog::getOpenFileName(QApplication::activeWindow(), DialogTitle, InitDir,
-                                            Filters.join(QStringLiteral(";;")));
+                                            Filters.join(QStringLiteral(";;")), &SelectedFilter);
     return !FileName.isEmpty();
 }
 

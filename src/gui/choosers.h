@@ -10,9 +10,10 @@ namespace gui {
 // The open-file dialog: the platform's own where it has one.
 struct OpenDialog {
     QString DialogTitle;
-    QStringList Filters;  // as "Fixture definitions (*.R20 *.r20)"
-    QString InitDir;      // the folder it starts in, empty for the working folder
-    QString FileName;     // out: the chosen file with its whole path
+    QStringList Filters;     // as "Fixture definitions (*.R20 *.r20)"
+    QString InitDir;         // the folder it starts in, empty for the working folder
+    QString SelectedFilter;  // the filter it starts with, empty for the first
+    QString FileName;        // out: the chosen file with its whole path
     // Runs the dialog. False when the user cancelled.
     bool ShowOpen();
 };

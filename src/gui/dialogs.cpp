@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include "gui/no_settings.h"
 #include "gui/seams_state.h"
 
 namespace gui {
@@ -82,24 +83,9 @@ class SaveFileDialog : public QFileDialog {
     }
 };
 
-// Qt's file dialog writes its last folder, history and view into a settings file of Qt's
-// when it closes. The program keeps no settings: while a dialog lives, settings go to a
-// folder that is removed with it.
-class NoSettingsKept {
-  public:
-    NoSettingsKept() {
-        const QString path = folder_.isValid() ? folder_.path() : QStringLiteral("/dev/null");
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, path);
-    }
-
-  private:
-    QTemporaryDir folder_;
-};
-
 // The platform's own dialog (GTK, the desktop portal, Windows) where it has one, else Qt's.
 std::optional<QString> RunSaveDialog(const SaveDialog& browse, const QString& proposal) {
-    NoSettingsKept noSettings;
+    detail::NoSettingsKept noSettings;
     SaveFileDialog dialog(QApplication::activeWindow(), browse.DialogTitle);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);

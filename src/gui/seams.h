@@ -28,6 +28,7 @@ struct OpenDialogCall {
     QString title;
     QStringList filters;
     QString initDir;
+    QString selectedFilter;
 };
 
 // Message box: the next answer pressed (kAnswerYes, kAnswerNo, kAnswerOk ...).

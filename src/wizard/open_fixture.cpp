@@ -139,6 +139,7 @@ void openfixture_Click(MainForm& f) {
                                   QStringLiteral("/usr/share/qlcplus/fixtures")}) {
         if (QFileInfo(folder).isDir()) {
             dialog.InitDir = folder;
+            dialog.SelectedFilter = dialog.Filters.last();  // what that folder holds
             break;
         }
     }

@@ -323,6 +323,7 @@ void TestQxf::waysIn() {
              {QDir::homePath() + "/.qlcplus/fixtures", QString("/usr/share/qlcplus/fixtures")})
             if (start.isEmpty() && QFileInfo(folder).isDir()) start = folder;
         QCOMPARE(call.initDir, start);
+        QCOMPARE(call.selectedFilter, start.isEmpty() ? QString() : call.filters.last());
     }
     // A file dropped on a text box is opened, not pasted into the box.
     gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
