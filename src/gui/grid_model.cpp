@@ -38,11 +38,18 @@ void GridModel::RemoveRow(int row) {
 
 void GridModel::ReplaceBody(const QList<QStringList>& rows) {
     beginResetModel();
-    cells_.resize(static_cast<std::size_t>(cols_));
-    cells_.reserve(static_cast<std::size_t>(cols_) * (static_cast<std::size_t>(rows.size()) + 1));
+    const std::size_t cols = static_cast<std::size_t>(cols_);
+    cells_.resize(cols);
+    cells_.reserve(cols * (static_cast<std::size_t>(rows.size()) + 1));
+    const QString none;
     for (const QStringList& row : rows) {
-        for (int col = 0; col < cols_; ++col)
-            cells_.push_back(col < row.size() ? *texts_.insert(row[col]) : QString());
+        for (int col = 0; col < cols_; ++col) {
+            const QString& text = col < row.size() ? row[col] : none;
+            // Rows read from a file mostly repeat the cell above: that text is shared already.
+            const QString& above = cells_[cells_.size() - cols];
+            cells_.push_back(cells_.size() >= 2 * cols && text == above ? above
+                                                                       : *texts_.insert(text));
+        }
     }
     endResetModel();
 }

@@ -20,7 +20,7 @@ struct FixtureFile {
     int mirrorKind = 0;  // 1 mirror, 2 moving head, 0 any other kind or none chosen
     QString pan;
     QString tilt;
-    QList<QStringList> channelRows;  // the cells of each row, column 0 to 14
+    QList<QStringList> channelRows;  // the cells of each row, column 0 ("#") to 14
     QString patchText;               // lines joined by CR LF, as the text box holds them
 };
 

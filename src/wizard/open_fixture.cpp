@@ -34,10 +34,10 @@ void SelectFixtureType(MainForm& f, const input::FixtureFile& file) {
 // The file's rows take the place of the table's rows; a file without channel lines leaves
 // one empty row that reaches no line of the file.
 void FillChannelTable(MainForm& f, const input::FixtureFile& file) {
-    QList<QStringList> rows = file.channelRows;
-    for (QStringList& cells : rows) cells[0] = QStringLiteral("#");
-    if (rows.isEmpty()) rows.append(QStringList(QStringLiteral("1")));
-    f.table.ReplaceRows(rows);
+    if (file.channelRows.isEmpty())
+        f.table.ReplaceRows({QStringList(QStringLiteral("1"))});
+    else
+        f.table.ReplaceRows(file.channelRows);
 }
 
 // Whether the pages hold anything beyond what the wizard starts with.
