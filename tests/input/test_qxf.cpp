@@ -3,6 +3,7 @@
 // converts and checks whole libraries with the wizard's own code.
 #include <sys/stat.h>
 #include <QAccessible>
+#include <QBuffer>
 #include <QDirIterator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,8 +17,10 @@
 #include "input/command_line.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
+#include "output/fixture_file.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
+#include "wizard/engine.h"
 #include "wizard/library_commands.h"
 #include "wizard/open_fixture.h"
 
@@ -242,10 +245,20 @@ void TestQxf::namesOnDesk() {
 }
 
 // Every fixture Debian ships: no well-formed file refused, every mode mapped with one offset
-// per channel, every cell one its column's editor takes, every name within its box.
+// per channel, every cell one its column's editor takes, every name within its box; and the
+// file written from the pages, opened again and written again, is the same to the byte.
 void TestQxf::installedFixtures() {
     const QString folder = QStringLiteral("/usr/share/qlcplus/fixtures");
     if (!QFileInfo(folder).isDir()) QSKIP("qlcplus-data is not installed");
+    gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
+    const auto written = [&](const input::FixtureFile& fixture) {
+        ShowOpenedFixture(form(), fixture);
+        while (form().CurrentStep < 3) nexts_Click(form());
+        QBuffer file;
+        file.open(QIODevice::WriteOnly);
+        WriteFixtureFile(form(), QStringLiteral("/lib/F.R20"), file);
+        return file.data();
+    };
     int files = 0, modes = 0;
     QDirIterator it(folder, {QStringLiteral("*.qxf")}, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext()) {
@@ -273,6 +286,10 @@ void TestQxf::installedFixtures() {
             QVERIFY(!f.nameOnDesk.isEmpty() && f.nameOnDesk.size() <= 11);
             QVERIFY2(!names.contains(f.nameOnDesk), qPrintable(where + ": " + f.nameOnDesk));
             names << f.nameOnDesk;
+            const QByteArray first = written(f);
+            const input::ReadOutcome again = input::ReadFixtureBytes(first);
+            QVERIFY2(again.fixture, qPrintable(where + ": " + again.error));
+            QVERIFY2(written(*again.fixture) == first, qPrintable(where));
         }
     }
     QVERIFY(files > 1000 && modes > 3000);
