@@ -222,6 +222,9 @@ class ModeMapper {
     ReadOutcome map() {
         if (mode_.channels.isEmpty())
             return {std::nullopt, QStringLiteral("the mode \"%1\" has no channel").arg(mode_.name)};
+        if (mode_.channels.size() > kMaxChannelRows)
+            return {std::nullopt,
+                    QStringLiteral("the mode has more channels than the table holds")};
         for (int i = 0; i < mode_.channels.size(); ++i) {
             const QxfChannel* source = fixture_.channel(mode_.channels[i]);
             if (!source) {
@@ -233,9 +236,6 @@ class ModeMapper {
             const Classified c = Classify(*source);
             channels_.append({source, c.kind, c.master, source->fine, mode_.heads.value(i, -1)});
         }
-        if (mode_.channels.size() > kMaxChannelRows)
-            return {std::nullopt,
-                    QStringLiteral("the mode has more channels than the table holds")};
         chooseHtp();
         buildRows();
         countOccurrences();
