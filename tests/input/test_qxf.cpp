@@ -486,6 +486,8 @@ void TestQxf::convertAndCheck() {
     QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
     QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
     QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
+    QCOMPARE(run({"--convert", "--to", qxf + "/lib", qxf}, &printed, &errors), 1);
+    QCOMPARE(printed + errors, "rigwright: cannot write into " + qxf + "/lib\n");
 
     const QString unnamed = dir.filePath("unnamed.R20");
     QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
