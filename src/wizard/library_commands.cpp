@@ -1,6 +1,12 @@
 #include "wizard/library_commands.h"
 
+#ifdef Q_OS_WIN
+#include <io.h>
+#define isatty _isatty
+#define fileno _fileno
+#else
 #include <unistd.h>
+#endif
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
