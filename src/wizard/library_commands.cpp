@@ -1,5 +1,9 @@
 #include "wizard/library_commands.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSet>
 #ifdef Q_OS_WIN
 #include <io.h>
 #define isatty _isatty
@@ -7,10 +11,6 @@
 #else
 #include <unistd.h>
 #endif
-#include <QDir>
-#include <QFileInfo>
-#include <QLocale>
-#include <QSet>
 
 #include "input/command_line.h"
 #include "input/fixture_source.h"
