@@ -170,6 +170,7 @@ Form::~Form() {
 
 void Form::create(const QString& name, const Look& look, const QString& iconFolder) {
     auto* window = new FormWindow;
+    detail::SpeakAsWindow(window);
     window->setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
     Control none;
@@ -195,6 +196,10 @@ void Form::Show() {
 }
 void Form::Close() {
     widget_->close();
+}
+
+void Form::Announce(const QString& text) {
+    detail::Announce(widget_, text);
 }
 
 void Form::onShortcut(const QKeySequence& keys, Handler handler) {
@@ -244,6 +249,34 @@ void Label::setCaption(const QString& caption) {
     auto* label = static_cast<FittingLabel*>(widget_);
     label->setText(caption);
     label->Refit();
+    if (!announced_) return;
+    if (caption.isEmpty()) spoken_.clear();  // what comes next is new again
+    if (pending_) return;
+    pending_ = true;
+    detail::Announce(widget_->window(), QString(), [this] {
+        pending_ = false;
+        const QString now = Caption();
+        const bool changed = now != spoken_;
+        spoken_ = now;
+        if (!changed || now.isEmpty()) return QString();
+        return lead_.isEmpty() ? now : lead_ + u' ' + now;
+    });
+}
+
+void Label::setDescribes(Control& input) {
+    input.widget()->setAccessibleDescription(Caption());
+}
+
+void Label::setLabelFor(std::initializer_list<Control*> controls) {
+    QVariantList widgets;
+    for (Control* c : controls) widgets << QVariant::fromValue<QObject*>(c->widget());
+    widget_->setProperty("rigwrightLabelFor", widgets);
+}
+
+void Label::AnnounceChanges(const QString& lead) {
+    announced_ = true;
+    lead_ = lead;
+    spoken_ = Caption();
 }
 
 void Label::setBuddy(Control& input) {

@@ -195,6 +195,12 @@ MainForm::MainForm() {
     Label13.setBuddy(rpict);
     Label33.setBuddy(arno);
     Label32.setBuddy(arpre);
+    Label4.setDescribes(nameondesk);
+    Label5.setLabelFor({&movinghead, &mirror, &otherkind});
+
+    // What changes on Step 4 by itself is said as it changes.
+    errormessage[3].AnnounceChanges();
+    dmxchannels.AnnounceChanges(Label6.Caption());
 
     gui::TabOrder({&manifacturer, &model, &nameondesk, &movinghead, &mirror, &otherkind});
     gui::TabOrder({&nexts, &previous, &finished, &cancel});
