@@ -225,6 +225,15 @@ QString Frame::Caption() const {
 }
 void Frame::setCaption(const QString& caption) {
     static_cast<QGroupBox*>(widget_)->setTitle(caption);
+    // An input with no label of its own is named by the frame's title. Qt would read the
+    // title with its padding, and never tell a screen reader that the name changed with it.
+    QList<QWidget*> labelled;
+    for (QLabel* label : widget_->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly))
+        labelled << label->buddy();
+    for (QWidget* w : widget_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const bool input = qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w);
+        if (input && !labelled.contains(w)) w->setAccessibleName(caption.trimmed());
+    }
 }
 
 // ---- Label ----------------------------------------------------------------------------
