@@ -97,6 +97,15 @@ class TestDesktop : public FormFixture {
         for (const auto& [other, kind] : types->relations(QAccessible::Labelled))
             labelled << other->object()->objectName();
         QCOMPARE(labelled, QStringList({"movinghead", "mirror", "otherkind"}));
+
+        // The range grid's heads and marks, and the bars of its ranges.
+        goToPage(6);
+        auto* range = QAccessible::queryAccessibleInterface(find("range"))->tableInterface();
+        auto* cell = range->cellAt(0, 0)->tableCellInterface();
+        QCOMPARE(cell->columnHeaderCells().front()->text(QAccessible::Name), "from");
+        QCOMPARE(cell->rowHeaderCells().front()->text(QAccessible::Name), "row 1");
+        auto* bars = QAccessible::queryAccessibleInterface(find("rpict"));
+        QCOMPARE(bars->text(QAccessible::Description), "0 to 255 label here");
     }
 
     // The first save after an open proposes the opened file; the next ones the name on the
