@@ -485,7 +485,15 @@ void Button::Click() {
 }
 
 void ListBox::create(Control& parent, const QString& name, const Look& look) {
-    adopt(new QListWidget, parent, name, look);
+    auto* list = new QListWidget;
+    adopt(list, parent, name, look);
+    // The style's sunken frame loses its bottom line at some scales (1.5); a plain line in
+    // the style's frame colour stays whole at every scale.
+    list->setFrameStyle(QFrame::Box | QFrame::Plain);
+    list->setLineWidth(1);
+    QPalette pal = list->palette();
+    pal.setColor(QPalette::WindowText, pal.color(QPalette::Mid));
+    list->setPalette(pal);
 }
 
 int ListBox::ListCount() const {
