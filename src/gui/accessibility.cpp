@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPointer>
+#include <QRadioButton>
 #include <QTimer>
 
 namespace gui::detail {
@@ -73,6 +74,44 @@ class ComboBoxReader : public QAccessibleWidget {
     }
 };
 
+// An option read as Qt reads it, and also as labelled by the label of its group, which a
+// screen reader says with it ("Fixture type:").
+class OptionReader : public QAccessibleWidget {
+  public:
+    explicit OptionReader(QRadioButton* option)
+        : QAccessibleWidget(option, QAccessible::RadioButton) {}
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name) return option()->text();
+        return QAccessibleWidget::text(t);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State s = QAccessibleWidget::state();
+        s.checkable = true;
+        s.checked = option()->isChecked();
+        return s;
+    }
+    QStringList actionNames() const override {
+        return QAccessibleWidget::actionNames() << pressAction();
+    }
+    void doAction(const QString& action) override {
+        if (action == pressAction())
+            option()->click();
+        else
+            QAccessibleWidget::doAction(action);
+    }
+    QList<QPair<QAccessibleInterface*, QAccessible::Relation>> relations(
+        QAccessible::Relation match) const override {
+        auto found = QAccessibleWidget::relations(match);
+        auto* group = option()->property("rigwrightLabelledBy").value<QObject*>();
+        if (match & QAccessible::Label && group)
+            found.prepend({QAccessible::queryAccessibleInterface(group), QAccessible::Label});
+        return found;
+    }
+
+  private:
+    QRadioButton* option() const { return static_cast<QRadioButton*>(widget()); }
+};
+
 // A widget of no size that stands for what is announced.
 class Announcer : public QWidget {
   public:
@@ -127,6 +166,7 @@ QAccessibleInterface* Reader(const QString&, QObject* object) {
     if (as == "window")
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
     if (as == "announcement") return new AnnouncementReader(static_cast<QWidget*>(object));
+    if (as == "option") return new OptionReader(static_cast<QRadioButton*>(object));
     if (as == "separator") return new SeparatorReader(static_cast<QWidget*>(object));
     if (as == "picture") return new PictureReader(static_cast<QWidget*>(object));
     if (as == "frame") return new FrameReader(static_cast<QGroupBox*>(object));
@@ -156,6 +196,9 @@ void SpeakAsSeparator(QWidget* line) {
 }
 void SpeakAsPicture(QWidget* picture) {
     SpeakAs(picture, "picture");
+}
+void SpeakAsOption(QWidget* option) {
+    SpeakAs(option, "option");
 }
 void SpeakAsWindow(QWidget* window) {
     SpeakAs(window, "window");

@@ -26,6 +26,9 @@ void SpeakAsSeparator(QWidget* line);
 // A still picture is decoration too: an image without a name.
 void SpeakAsPicture(QWidget* picture);
 
+// An option is also labelled by the label set as its property "rigwrightLabelledBy".
+void SpeakAsOption(QWidget* option);
+
 // The window is read as a frame, the kind of object a screen reader takes for a window.
 void SpeakAsWindow(QWidget* window);
 

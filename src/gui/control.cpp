@@ -278,7 +278,10 @@ void Label::setDescribes(Control& input) {
 
 void Label::setLabelFor(std::initializer_list<Control*> controls) {
     QVariantList widgets;
-    for (Control* c : controls) widgets << QVariant::fromValue<QObject*>(c->widget());
+    for (Control* c : controls) {
+        widgets << QVariant::fromValue<QObject*>(c->widget());
+        c->widget()->setProperty("rigwrightLabelledBy", QVariant::fromValue<QObject*>(widget_));
+    }
     widget_->setProperty("rigwrightLabelFor", widgets);
 }
 
@@ -424,7 +427,9 @@ void ComboBox::onKeyPress(KeyHandler handler) {
 // ---- OptionButton, CheckBox -----------------------------------------------------------
 
 void OptionButton::create(Control& parent, const QString& name, const Look& look) {
-    auto* option = new QRadioButton(look.caption);
+    auto* option = new QRadioButton;  // its text would make Qt answer for it at once
+    detail::SpeakAsOption(option);
+    option->setText(look.caption);
     adopt(option, parent, name, look);
 }
 

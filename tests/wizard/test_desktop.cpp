@@ -97,6 +97,8 @@ class TestDesktop : public FormFixture {
         for (const auto& [other, kind] : types->relations(QAccessible::Labelled))
             labelled << other->object()->objectName();
         QCOMPARE(labelled, QStringList({"movinghead", "mirror", "otherkind"}));
+        auto* option = QAccessible::queryAccessibleInterface(find("mirror"));
+        QCOMPARE(option->relations(QAccessible::Label).front().first, types);
 
         // The range grid's heads and marks, and the bars of its ranges.
         goToPage(6);
