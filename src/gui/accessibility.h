@@ -3,6 +3,9 @@
 // fit the form. Each is called on the new widget before anything else, since Qt keeps the
 // answer it first gave for a widget.
 
+#include <QString>
+#include <functional>
+
 class QWidget;
 
 namespace gui::detail {
@@ -22,5 +25,16 @@ void NameLikeAnInput(QWidget* comboBox);
 void SpeakAsSeparator(QWidget* line);
 // A still picture is decoration too: an image without a name.
 void SpeakAsPicture(QWidget* picture);
+
+// An option is also labelled by the label set as its property "rigwrightLabelledBy".
+void SpeakAsOption(QWidget* option);
+
+// The window is read as a frame, the kind of object a screen reader takes for a window.
+void SpeakAsWindow(QWidget* window);
+
+// Says a text to a screen reader without moving the focus: a notification that comes on
+// screen with the text as its name. The texts said in one turn of the event loop are said
+// together, once. `check`, when given, runs as the turn ends and may add what it returns.
+void Announce(QWidget* window, const QString& text, std::function<QString()> check = {});
 
 }  // namespace gui::detail

@@ -170,6 +170,7 @@ Form::~Form() {
 
 void Form::create(const QString& name, const Look& look, const QString& iconFolder) {
     auto* window = new FormWindow;
+    detail::SpeakAsWindow(window);
     window->setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
     Control none;
@@ -197,6 +198,10 @@ void Form::Close() {
     widget_->close();
 }
 
+void Form::Announce(const QString& text) {
+    detail::Announce(widget_, text);
+}
+
 void Form::onShortcut(const QKeySequence& keys, Handler handler) {
     auto* shortcut = new QShortcut(keys, widget_);
     shortcut->setContext(Qt::WindowShortcut);
@@ -220,6 +225,15 @@ QString Frame::Caption() const {
 }
 void Frame::setCaption(const QString& caption) {
     static_cast<QGroupBox*>(widget_)->setTitle(caption);
+    // An input with no label of its own is named by the frame's title. Qt would read the
+    // title with its padding, and never tell a screen reader that the name changed with it.
+    QList<QWidget*> labelled;
+    for (QLabel* label : widget_->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly))
+        labelled << label->buddy();
+    for (QWidget* w : widget_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const bool input = qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w);
+        if (input && !labelled.contains(w)) w->setAccessibleName(caption.trimmed());
+    }
 }
 
 // ---- Label ----------------------------------------------------------------------------
@@ -244,6 +258,37 @@ void Label::setCaption(const QString& caption) {
     auto* label = static_cast<FittingLabel*>(widget_);
     label->setText(caption);
     label->Refit();
+    if (!announced_) return;
+    if (caption.isEmpty()) spoken_.clear();  // what comes next is new again
+    if (pending_) return;
+    pending_ = true;
+    detail::Announce(widget_->window(), QString(), [this] {
+        pending_ = false;
+        const QString now = Caption();
+        const bool changed = now != spoken_;
+        spoken_ = now;
+        if (!changed || now.isEmpty()) return QString();
+        return lead_.isEmpty() ? now : lead_ + u' ' + now;
+    });
+}
+
+void Label::setDescribes(Control& input) {
+    input.widget()->setAccessibleDescription(Caption());
+}
+
+void Label::setLabelFor(std::initializer_list<Control*> controls) {
+    QVariantList widgets;
+    for (Control* c : controls) {
+        widgets << QVariant::fromValue<QObject*>(c->widget());
+        c->widget()->setProperty("rigwrightLabelledBy", QVariant::fromValue<QObject*>(widget_));
+    }
+    widget_->setProperty("rigwrightLabelFor", widgets);
+}
+
+void Label::AnnounceChanges(const QString& lead) {
+    announced_ = true;
+    lead_ = lead;
+    spoken_ = Caption();
 }
 
 void Label::setBuddy(Control& input) {
@@ -382,7 +427,9 @@ void ComboBox::onKeyPress(KeyHandler handler) {
 // ---- OptionButton, CheckBox -----------------------------------------------------------
 
 void OptionButton::create(Control& parent, const QString& name, const Look& look) {
-    auto* option = new QRadioButton(look.caption);
+    auto* option = new QRadioButton;  // its text would make Qt answer for it at once
+    detail::SpeakAsOption(option);
+    option->setText(look.caption);
     adopt(option, parent, name, look);
 }
 
@@ -443,7 +490,15 @@ void Button::Click() {
 }
 
 void ListBox::create(Control& parent, const QString& name, const Look& look) {
-    adopt(new QListWidget, parent, name, look);
+    auto* list = new QListWidget;
+    adopt(list, parent, name, look);
+    // The style's sunken frame loses its bottom line at some scales (1.5); a plain line in
+    // the style's frame colour stays whole at every scale.
+    list->setFrameStyle(QFrame::Box | QFrame::Plain);
+    list->setLineWidth(1);
+    QPalette pal = list->palette();
+    pal.setColor(QPalette::WindowText, pal.color(QPalette::Mid));
+    list->setPalette(pal);
 }
 
 int ListBox::ListCount() const {

@@ -72,6 +72,8 @@ class Form : public Control {
     // Runs `handler` when the keys are pressed anywhere in the window, whatever has the
     // focus; the keys type nothing into the control that has it.
     void onShortcut(const QKeySequence& keys, Handler handler);
+    // Says the text to a screen reader, wherever the focus is.
+    void Announce(const QString& text);
 };
 
 class Button;
@@ -108,6 +110,19 @@ class Label : public Control {
     void setCaption(const QString& caption);
     // The input beside the label, which a screen reader then names by the caption.
     void setBuddy(Control& input);
+    // The input that the label tells more about: its caption is the input's description.
+    void setDescribes(Control& input);
+    // The label names these as the title of a group (a screen reader hears it with each).
+    void setLabelFor(std::initializer_list<Control*> controls);
+    // A changed caption is said to a screen reader, after `lead`, once per change however
+    // often it is set in one go.
+    void AnnounceChanges(const QString& lead = {});
+
+  private:
+    QString lead_;
+    QString spoken_;
+    bool announced_ = false;
+    bool pending_ = false;
 };
 
 // Single- or multi-line text box. The multi-line box holds CR LF between lines, as the

@@ -59,6 +59,22 @@ class CornerPainter : public QObject {
     const GridModel* model_;
 };
 
+// What a screen reader reads of the heads and the marks: a head without the blanks that
+// set its column's width, a mark as the row it stands for.
+class SpokenGridModel : public GridModel {
+  public:
+    using GridModel::GridModel;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (role != Qt::AccessibleTextRole)
+            return GridModel::headerData(section, orientation, role);
+        if (orientation == Qt::Horizontal)
+            return GridModel::headerData(section, orientation, Qt::DisplayRole)
+                .toString()
+                .trimmed();
+        return QStringLiteral("row %1").arg(section + 1);
+    }
+};
+
 constexpr int kCellPadding = 8;
 
 // Shows the whole text of a cell that its column cuts, in a tool tip over the cell; a cell
@@ -97,7 +113,7 @@ void Grid::create(Control& parent, const QString& name, const Look& look, const 
     const std::vector<Head> heads = ParseFormat(format);
     std::vector<Qt::Alignment> alignments;
     for (const Head& h : heads) alignments.push_back(h.align);
-    model_ = std::make_unique<GridModel>(static_cast<int>(heads.size()), alignments);
+    model_ = std::make_unique<SpokenGridModel>(static_cast<int>(heads.size()), alignments);
     for (int c = 0; c < static_cast<int>(heads.size()); ++c) model_->SetCell(0, c, heads[c].text);
 
     view_ = new GridView;

@@ -104,7 +104,12 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     } else if (!extending_) {
         extended_ = false;
     }
-    QTableView::currentChanged(current, previous);
+    // The table tells a screen reader that the new current cell has the focus; when the
+    // focus is elsewhere (on "delete line", on "merge"), that would send it to the cell.
+    if (hasFocus())
+        QTableView::currentChanged(current, previous);
+    else
+        QAbstractItemView::currentChanged(current, previous);
 }
 
 void GridView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {

@@ -100,4 +100,8 @@ void Picture::Line(double x1, double y1, double x2, double y2) {
     view_->Box(x1, y1, x2, y2);
 }
 
+void Picture::setDescription(const QString& text) {
+    widget_->setAccessibleDescription(text);
+}
+
 }  // namespace gui

@@ -22,6 +22,8 @@ class Picture : public Control {
     double ScaleHeight() const;
     // A filled box between two corners in the user scale, outline and inside in ForeColor.
     void Line(double x1, double y1, double x2, double y2);
+    // What the drawing shows, in words, for a screen reader.
+    void setDescription(const QString& text);
 
     PictureView* view() const { return view_; }
 

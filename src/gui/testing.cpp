@@ -1,5 +1,6 @@
 #include "gui/testing.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDropEvent>
@@ -394,6 +395,17 @@ void DoubleClickHeadOrMark(Grid& grid, int col, int row) {
     QTest::mouseClick(widget, Qt::LeftButton, {}, at);
     QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
     QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+}
+
+}  // namespace gui::testing
+
+namespace gui::testing {
+
+QString Announced(Form& form) {
+    QCoreApplication::processEvents();  // announcements are made as the turn ends
+    QWidget* announcer = form.widget()->findChild<QWidget*>(QStringLiteral("announcement"));
+    if (!announcer || announcer->isHidden()) return {};
+    return QAccessible::queryAccessibleInterface(announcer)->text(QAccessible::Name);
 }
 
 }  // namespace gui::testing

@@ -128,3 +128,10 @@ namespace gui::testing {
 void DoubleClickHeadOrMark(Grid& grid, int col, int row);
 
 }  // namespace gui::testing
+
+namespace gui::testing {
+
+// What was last said to a screen reader without moving the focus.
+QString Announced(Form& form);
+
+}  // namespace gui::testing

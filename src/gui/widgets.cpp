@@ -154,6 +154,19 @@ void PictureButton::paintEvent(QPaintEvent*) {
     }
     const int flags = Qt::TextWordWrap | Qt::AlignHCenter |
                       (resource_.isEmpty() ? Qt::AlignVCenter : Qt::AlignTop);
+    // Text is not measured in proportion to the screen's scale: a word that just fits at one
+    // scale may touch the button's edges at another. Such a word is drawn a little smaller.
+    const int room = area.width() - 4;
+    QFont fitted = font();
+    const QStringList words = caption.split(u' ', Qt::SkipEmptyParts);
+    const auto fits = [&] {
+        const QFontMetrics metrics(fitted, this);
+        for (const QString& word : words)
+            if (metrics.horizontalAdvance(word) > room) return false;
+        return true;
+    };
+    while (!fits() && fitted.pointSizeF() > 6.0) fitted.setPointSizeF(fitted.pointSizeF() - 0.25);
+    p.setFont(fitted);
     style()->drawItemText(&p, area, flags, palette(), isEnabled(), caption, QPalette::ButtonText);
 }
 

@@ -1,5 +1,6 @@
 #include "ranges/range_picture.h"
 
+#include <QStringList>
 #include <chrono>
 
 #include "common/number.h"
@@ -58,10 +59,13 @@ std::int32_t RandomColour() {
 
 void DrawRangePicture(MainForm& f) {
     const double height = f.rpict.ScaleHeight();
+    QStringList bars;  // what a screen reader hears of them
     for (int row = 1; row < f.range.Rows(); ++row) {
         f.rpict.setForeColor(RandomColour());
         const int from = common::LeadingInt16(f.range.TextMatrix(row, 1)).value_or(0);
         const int to = common::LeadingInt16(f.range.TextMatrix(row, 2)).value_or(0);
         f.rpict.Line(from, 0, to, height);
+        bars << QStringLiteral("%1 to %2 %3").arg(from).arg(to).arg(f.range.TextMatrix(row, 3));
     }
+    f.rpict.setDescription(bars.join(QStringLiteral(", ")));
 }

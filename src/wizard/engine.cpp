@@ -46,9 +46,14 @@ void Form_Load(MainForm& f) {
 
 void ShowStep(MainForm& f, bool backwards) {
     f.CanFinish = f.CurrentStep == kFinishPage;
-    for (int i = 0; i < static_cast<int>(f.stepf.size()); ++i) f.stepf[i].setVisible(false);
     gui::Frame& page = f.stepf[f.CurrentStep];
     page.setVisible(true);
+    // The focus goes straight to its new place, before the page it is on hides or its button
+    // is disabled: anywhere else in between, a screen reader would be told about it.
+    const bool onInput = page.FocusFirstInput();
+    for (int i = 0; i < static_cast<int>(f.stepf.size()); ++i)
+        if (i != f.CurrentStep) f.stepf[i].setVisible(false);
+    f.main.Announce(page.Caption());
     page.setTop(120);
     page.setLeft(120);
     f.errormessage[f.CurrentStep].setCaption(QString());
@@ -67,7 +72,7 @@ void ShowStep(MainForm& f, bool backwards) {
     }
     // The focus must not stay on a button of the page before: a typed blank would press it.
     // A page without input hands it to the button that leads on the way the user went.
-    if (page.FocusFirstInput()) return;
+    if (onInput) return;
     gui::Button* const forwards[] = {&f.nexts, &f.finished, &f.previous};
     gui::Button* const back[] = {&f.previous, &f.nexts, &f.finished};
     for (gui::Button* b : backwards ? back : forwards) {

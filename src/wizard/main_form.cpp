@@ -146,7 +146,7 @@ MainForm::MainForm() {
     auto& p6 = stepf[6];
     Label13.create(p6, "Label13", {.caption = "Channel usage:", .left = 240, .top = 360, .width = 4335, .height = 255});
     rpict.create(p6, "rpict", {.left = 240, .top = 600, .width = 4335, .height = 255, .fore = 0xFFC080, .back = 0xE0E0E0}, 255, 10);
-    range.create(p6, "range", {.left = 240, .top = 840, .width = 4335, .height = 4815, .accessibleName = "Ranges"}, texts::kRangeFormat, gui::ScrollBars::Vertical);
+    range.create(p6, "range", {.left = 240, .top = 840, .width = 4320, .height = 4815, .accessibleName = "Ranges"}, texts::kRangeFormat, gui::ScrollBars::Vertical);
     Command2.create(p6, "Command2", {.caption = "auto split", .left = 4560, .top = 960, .width = 615, .height = 975, .toolTip = "automatically splits selected range into ranges of same width", .picture = Pic("split.svg")});
     rmerge.create(p6, "rmerge", {.caption = "merge", .left = 4560, .top = 2040, .width = 615, .height = 615, .toolTip = "merge selected rows", .picture = Pic("merge.svg")});
     rclear.create(p6, "rclear", {.caption = "clear", .left = 4560, .top = 2760, .width = 615, .height = 615, .toolTip = "clear table (create one range 0-255)", .picture = Pic("cross.svg")});
@@ -196,6 +196,12 @@ MainForm::MainForm() {
     Label13.setBuddy(rpict);
     Label33.setBuddy(arno);
     Label32.setBuddy(arpre);
+    Label4.setDescribes(nameondesk);
+    Label5.setLabelFor({&movinghead, &mirror, &otherkind});
+
+    // What changes on Step 4 by itself is said as it changes.
+    errormessage[3].AnnounceChanges();
+    dmxchannels.AnnounceChanges(Label6.Caption());
 
     gui::TabOrder({&manifacturer, &model, &nameondesk, &movinghead, &mirror, &otherkind});
     gui::TabOrder({&nexts, &previous, &finished, &cancel});

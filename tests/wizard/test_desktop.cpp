@@ -1,5 +1,6 @@
 // The window as a desktop program: where it opens, the keys that act anywhere in it, and
 // what the first save after an open proposes.
+#include <QAccessible>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -59,6 +60,54 @@ class TestDesktop : public FormFixture {
         PressKey(Qt::Key_Escape);
         QVERIFY(!ShownOnScreen(form().defaultsframe));
         QCOMPARE(FocusName(), QStringLiteral("adddef"));
+    }
+
+    // A screen reader hears each page's caption, on Step 4 with the advice and the count.
+    void announced_data() {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QString>("heard");
+        QTest::newRow("Next to Step 4")
+            << 0 << 3
+            << "Step 4 - add more text...etc... Manifacturer cannot be empty! Total number of "
+               "dmx channels is 0";
+        QTest::newRow("Previous to Step 6") << 6 << 5 << "Step 6 - macros";
+        QTest::newRow("Step 4 again") << 4 << 3
+                                      << "Step 4 - add more text...etc... Manifacturer cannot be "
+                                         "empty!";
+    }
+    void announced() {
+        QFETCH(int, from);
+        QFETCH(int, page);
+        QFETCH(QString, heard);
+        goToPage(from);
+        Announced(form().main);
+        goToPage(page);
+        QCOMPARE(Announced(form().main), heard);
+    }
+
+    // What a screen reader reads of the window, the name field and the fixture types.
+    void readAs() {
+        auto* window = QAccessible::queryAccessibleInterface(find("main"));
+        QCOMPARE(window->role(), QAccessible::Window);
+        auto* name = QAccessible::queryAccessibleInterface(find("nameondesk"));
+        QCOMPARE(name->text(QAccessible::Description), "(11 char max, no spaces!)");
+        QStringList labelled;
+        auto* types = QAccessible::queryAccessibleInterface(find("Label5"));
+        for (const auto& [other, kind] : types->relations(QAccessible::Labelled))
+            labelled << other->object()->objectName();
+        QCOMPARE(labelled, QStringList({"movinghead", "mirror", "otherkind"}));
+        auto* option = QAccessible::queryAccessibleInterface(find("mirror"));
+        QCOMPARE(option->relations(QAccessible::Label).front().first, types);
+
+        // The range grid's heads and marks, and the bars of its ranges.
+        goToPage(6);
+        auto* range = QAccessible::queryAccessibleInterface(find("range"))->tableInterface();
+        auto* cell = range->cellAt(0, 0)->tableCellInterface();
+        QCOMPARE(cell->columnHeaderCells().front()->text(QAccessible::Name), "from");
+        QCOMPARE(cell->rowHeaderCells().front()->text(QAccessible::Name), "row 1");
+        auto* bars = QAccessible::queryAccessibleInterface(find("rpict"));
+        QCOMPARE(bars->text(QAccessible::Description), "0 to 255 label here");
     }
 
     // The first save after an open proposes the opened file; the next ones the name on the

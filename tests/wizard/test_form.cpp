@@ -219,7 +219,7 @@ class TestForm : public FormFixture {
             "Add more comments that will be inserted in the file, if you want ", A::EditableText);
         add("editcombo", "open two cells", 2, "dmx2", A::ComboBox);  // cell editors by column
         add("editframe", "open two cells", 2, "dmx2", A::Grouping);
-        add("redittext", "open a range", 6, " from ", A::EditableText);
+        add("redittext", "open a range", 6, "from", A::EditableText);
         add("autolabel", "auto split", 6, "range # from 0 to 255 (width: 256)", A::StaticText);
         add("Line1", "", 2, "", A::Separator);
         add("Image1(0)", "", 6, "", A::Graphic);
