@@ -38,11 +38,9 @@ add_custom_target(rigwright-desktop-files ALL DEPENDS ${rigwright_man} ${rigwrig
 # default one would point at a lib folder beside bin, which a system package must not use.
 set_target_properties(rigwright PROPERTIES INSTALL_RPATH "")
 
-foreach(size IN LISTS rigwright_icon_sizes)
-  install(FILES ${rigwright_icon_dir}/rigwright_${size}.png
-          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
-          RENAME rigwright.png)
-endforeach()
+# One drawing serves every size: the icon theme scales it, for the program and its files.
+install(FILES ${rigwright_resources}/pictures/rigwright.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES ${rigwright_resources}/rigwright.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${rigwright_man} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -91,7 +89,8 @@ string(JOIN "\n" CPACK_PACKAGE_DESCRIPTION
   "unit): its general data, a table of its DMX channels with 25 presets, and the"
   "labelled ranges of a channel's values. It writes one plain-text fixture"
   "definition file (.R20) that a lighting desk loads to patch and drive the"
-  "fixture.")
+  "fixture. It starts from the QLC+ fixture definitions (.qxf) too, and converts"
+  "and checks whole fixture libraries from the command line.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 
@@ -107,6 +106,8 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://rigwright.tolvane.org/")
 # what the binary loads at run time without linking it is named here: the platform plugins
 # and the sans serif font the form falls back to.
 set(rigwright_runtime_depends "qt6-qpa-plugins, fonts-liberation2")
+# The fixture definitions of QLC+ that the wizard opens and converts.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qlcplus-data")
 find_program(RIGWRIGHT_DPKG_SHLIBDEPS dpkg-shlibdeps)
 if(RIGWRIGHT_DPKG_SHLIBDEPS)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

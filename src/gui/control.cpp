@@ -42,7 +42,7 @@ Qt::Alignment AlignmentOf(Align align) {
 class FormWindow : public QWidget {
   public:
     std::function<void(int&, int&)> queryUnload;
-    QString iconFolder;  // the window icon's pictures, until they are set
+    QString iconDrawing;  // the window icon's drawing, until it is set
 
   protected:
     // The icon comes in eight sizes, which X11 copies in full into the window's properties
@@ -50,11 +50,11 @@ class FormWindow : public QWidget {
     // dialog, it no longer keeps the form from coming on screen.
     void paintEvent(QPaintEvent* event) override {
         QWidget::paintEvent(event);
-        if (iconFolder.isEmpty()) return;
-        QTimer::singleShot(0, this, [folder = iconFolder] {
-            QApplication::setWindowIcon(detail::IconSetOf(folder));
+        if (iconDrawing.isEmpty()) return;
+        QTimer::singleShot(0, this, [drawing = iconDrawing] {
+            QApplication::setWindowIcon(detail::IconSetOf(drawing));
         });
-        iconFolder.clear();
+        iconDrawing.clear();
     }
     void closeEvent(QCloseEvent* event) override {
         int cancel = 0;
@@ -168,7 +168,7 @@ Form::~Form() {
     delete widget_;
 }
 
-void Form::create(const QString& name, const Look& look, const QString& iconFolder) {
+void Form::create(const QString& name, const Look& look, const QString& iconDrawing) {
     auto* window = new FormWindow;
     detail::SpeakAsWindow(window);
     window->setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -180,7 +180,7 @@ void Form::create(const QString& name, const Look& look, const QString& iconFold
     // with its title bar off the screen; without one, the window manager places it.
     window->setAttribute(Qt::WA_Moved, false);
     window->setWindowTitle(look.caption);
-    window->iconFolder = iconFolder;
+    window->iconDrawing = iconDrawing;
 }
 
 QString Form::Caption() const {

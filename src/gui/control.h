@@ -62,7 +62,7 @@ class Form : public Control {
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
-    void create(const QString& name, const Look& look, const QString& iconFolder);
+    void create(const QString& name, const Look& look, const QString& iconDrawing);
     QString Caption() const;
     void onQueryUnload(std::function<void(int& cancel, int& unloadMode)> handler);
     void Show();   // where the window manager puts it: centred on the screen it starts on

@@ -44,11 +44,18 @@ QFont FontFor(const Look& look) {
     return font;
 }
 
-QIcon IconSetOf(const QString& folder) {
+QIcon IconSetOf(const QString& drawing) {
+    // Drawn anew in each size an icon theme has, so that no size is a scaled picture.
+    QSvgRenderer renderer(drawing);
     QIcon icon;
-    const QDir dir(folder);
-    for (const QString& file : dir.entryList({QStringLiteral("*.png")}, QDir::Files))
-        icon.addFile(dir.filePath(file));
+    for (const int side : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        renderer.render(&painter);
+        painter.end();
+        icon.addPixmap(QPixmap::fromImage(image));
+    }
     return icon;
 }
 

@@ -19,7 +19,7 @@ QFont FontFor(const Look& look);
 
 // The window icon: every PNG in the resource folder `folder`, one size each, so that the
 // desktop picks the size it shows instead of scaling one.
-QIcon IconSetOf(const QString& folder);
+QIcon IconSetOf(const QString& drawing);  // the window icon from its SVG drawing
 // The drawing (.svg) in `resource` at its own size in device-independent pixels, drawn for a
 // screen of `pixelRatio` device pixels per pixel, so that it stays sharp. Each picture is drawn
 // once per ratio.

@@ -75,7 +75,7 @@ constexpr Place kErrorPlaces[7] = {
 // clang-format off
 MainForm::MainForm() {
     main.create("main", {.caption = texts::kCaption, .width = 9750, .height = 7260},
-                QStringLiteral(":/icons"));
+                QStringLiteral(":/pictures/rigwright.svg"));
 
     // Pages first, so that the bottom controls are created after them.
     for (int i = 0; i < 7; ++i) {
