@@ -1,12 +1,11 @@
 #include "input/channel_lines.h"
 
-#include "common/number.h"
-
 namespace input {
 
 namespace {
 
 constexpr int kLabelLength = 12;
+constexpr int kMostDigits = 5;  // no offset, key or ratio the wizard writes is longer
 const QString kHtp = QStringLiteral("HTP (usually dimmer)");
 const QString kFadeable = QStringLiteral("FADEABLE LTP");
 const QString kIndexed = QStringLiteral("INDEXED LTP (not fadeable, such as gobo)");
@@ -28,9 +27,39 @@ class Fields {
     QStringView rest_;
 };
 
-// A number field holds a number as the writer prints it, read from whatever the cell held.
+bool IsDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+// What a cell of a number column becomes in the line: nothing, or its digits.
+bool IsDigitsOrNothing(QStringView text) {
+    if (text.size() > kMostDigits) return false;
+    for (const QChar c : text)
+        if (!IsDigit(c)) return false;
+    return true;
+}
+
+// What the writer prints for locate, highlight and lowlight: a whole number, no leading zero.
 bool IsPrintedNumber(QStringView text) {
-    return !text.isEmpty() && common::NumberText(common::LeadingNumber(text)) == text;
+    const QStringView digits = text.startsWith(u'-') ? text.sliced(1) : text;
+    if (digits.isEmpty() || !IsDigitsOrNothing(digits)) return false;
+    // "0" stands alone: never "-0" nor "007".
+    return digits[0] != u'0' || (digits.size() == 1 && digits.size() == text.size());
+}
+
+// The curve's digits and the inversion's letter, as the choice lists give them.
+bool SplitCurveAndInv(QStringView text, ChannelLine& line) {
+    qsizetype digits = 0;
+    while (digits < text.size() && IsDigit(text[digits])) ++digits;
+    line.curve = text.first(digits);
+    line.inv = text.sliced(digits);
+    return digits <= kMostDigits && (line.inv.isEmpty() || line.inv == u"N" || line.inv == u"C");
+}
+
+// The attribute type's short form: one letter or digit.
+bool IsAttribute(QStringView text) {
+    return text.isEmpty() ||
+           (text.size() == 1 && (IsDigit(text[0]) || (text[0] >= u'A' && text[0] <= u'Z')));
 }
 
 // What stands behind the closing quote of the label: " {locate} {highlight} {lowlight}  ;"
@@ -38,15 +67,13 @@ bool IsPrintedNumber(QStringView text) {
 bool ReadAfterLabel(QStringView text, ChannelLine& line) {
     if (!text.startsWith(u' ')) return false;
     Fields fields(text.sliced(1));
-    QStringView locate, highlight, lowlight;
-    if (!fields.next(locate) || !fields.next(highlight) || !fields.next(lowlight)) return false;
-    if (!fields.rest().startsWith(QLatin1String(" ;"))) return false;
-    if (!IsPrintedNumber(locate) || !IsPrintedNumber(highlight) || !IsPrintedNumber(lowlight))
+    if (!fields.next(line.locate) || !fields.next(line.highlight) || !fields.next(line.lowlight))
         return false;
-    line.locate = locate.toString();
-    line.highlight = highlight.toString();
-    line.lowlight = lowlight.toString();
-    line.comment = fields.rest().sliced(2).toString();
+    if (!fields.rest().startsWith(QLatin1String(" ;"))) return false;
+    if (!IsPrintedNumber(line.locate) || !IsPrintedNumber(line.highlight) ||
+        !IsPrintedNumber(line.lowlight))
+        return false;
+    line.comment = fields.rest().sliced(2);
     return true;
 }
 
@@ -56,7 +83,7 @@ bool ReadLabel(QStringView text, ChannelLine& line) {
     qsizetype at = 0;
     for (int taken = 0; taken <= kLabelLength && at < text.size(); ++taken) {
         if (text[at] == u'"' && ReadAfterLabel(text.sliced(at + 1), line)) {
-            line.label = text.first(at).toString();
+            line.label = text.first(at);
             return true;
         }
         const bool pair =
@@ -66,84 +93,75 @@ bool ReadLabel(QStringView text, ChannelLine& line) {
     return false;
 }
 
-QString TypeOfLetter(const QString& letter) {
+const QString& TypeOfLetter(QStringView letter) {
+    static const QString none;
     if (letter == u"L" || letter == u"s") return kFadeable;
     if (letter == u"I" || letter == u"S") return kIndexed;
     if (letter == u"H") return kHtp;
-    return {};
+    return none;
 }
 
-bool IsHighLetter(const QString& letter) {
+bool IsHighLetter(QStringView letter) {
     return letter == u"s" || letter == u"S";
+}
+
+int OffsetOf(QStringView digits) {
+    return digits.isEmpty() ? 0 : digits.toInt();
 }
 
 // Whether `low` is the low byte line of the channel whose first line is `high`.
 bool IsLowByteOf(const ChannelLine& low, const ChannelLine& high) {
     if (low.key != u"0" || low.wheel != u"0" || low.tail != high.tail) return false;
-    const std::optional<double> offset = common::WholeNumber(low.offset);
-    if (!offset || *offset <= 0) return false;
+    if (OffsetOf(low.offset) <= 0) return false;
     if (IsHighLetter(high.letter)) return TypeOfLetter(low.letter) == TypeOfLetter(high.letter);
     // A first line without a letter is an HTP channel's high byte, or a channel of no type.
     return low.letter == u"H" || low.letter.isEmpty();
 }
 
-QStringList CellsOf(const ChannelLine& line) {
-    // The curve is a number and the inversion a letter: the field splits where the digits end.
-    qsizetype digits = 0;
-    while (digits < line.curveAndInv.size() && line.curveAndInv[digits].isDigit()) ++digits;
-    const QString attribute = line.attribute.isEmpty() ? QString() : line.attribute + u'>';
-    return {QStringLiteral("#"),
-            line.offset,
-            QStringLiteral("0"),
-            TypeOfLetter(line.letter),
-            attribute,
-            line.key,
-            line.wheel,
-            line.label,
-            line.curveAndInv.left(digits),
-            line.curveAndInv.mid(digits),
-            line.ratio,
-            line.locate,
-            line.highlight,
-            line.lowlight,
-            line.comment};
-}
-
 }  // namespace
 
-QString ParseChannelLine(const QString& text, ChannelLine& line) {
+QString ParseChannelLine(QStringView text, ChannelLine& line) {
     Fields fields(text);
     QStringView parts[8];
     for (int i = 0; i < 8; ++i) {
         if (!fields.next(parts[i]))
             return QStringLiteral(
                 "not a channel line: it has fewer than 8 fields before the label");
-        if (parts[i].contains(u'>'))
-            return QStringLiteral("not a channel line: field %1 holds \">\"").arg(i + 1);
     }
     if (parts[7] != u"1")
         return QStringLiteral("not a channel line: field 8 is \"%1\", not 1").arg(parts[7]);
-    const QString letter = parts[2].toString();
-    if (!letter.isEmpty() && TypeOfLetter(letter).isEmpty())
-        return QStringLiteral("unknown channel type letter \"%1\"").arg(letter);
+    line.letter = parts[2];
+    if (!line.letter.isEmpty() && TypeOfLetter(line.letter).isEmpty())
+        return QStringLiteral("unknown channel type letter \"%1\"").arg(line.letter);
+    const char* names[] = {"the key", "the wheel", nullptr, "the offset", "the ratio"};
+    for (const int i : {0, 1, 3, 4}) {
+        if (!IsDigitsOrNothing(parts[i]))
+            return QStringLiteral("%1 \"%2\" is no whole number").arg(names[i]).arg(parts[i]);
+    }
+    if (!SplitCurveAndInv(parts[5], line))
+        return QStringLiteral("\"%1\" is no curve and inversion").arg(parts[5]);
+    if (!IsAttribute(parts[6])) return QStringLiteral("\"%1\" is no attribute type").arg(parts[6]);
     if (!fields.rest().startsWith(u'"'))
         return QStringLiteral("not a channel line: the label does not start with a quote");
     if (!ReadLabel(fields.rest().sliced(1), line))
         return QStringLiteral(
-            "not a channel line: no label of at most 12 characters is followed by locate, "
-            "highlight, lowlight and the comment");
-    line.key = parts[0].toString();
-    line.wheel = parts[1].toString();
-    line.letter = letter;
-    line.offset = parts[3].toString();
-    line.ratio = parts[4].toString();
-    line.curveAndInv = parts[5].toString();
-    line.attribute = parts[6].toString();
+            "not a channel line: no label of at most 12 characters is followed by whole "
+            "numbers for locate, highlight and lowlight and the comment");
+    line.key = parts[0];
+    line.wheel = parts[1];
+    line.offset = parts[3];
+    line.ratio = parts[4];
+    line.attribute = parts[6];
     line.tail = text.sliced(parts[3].constData() + parts[3].size() - text.constData());
     return {};
 }
 
-QString ChannelRows::add(const QString& text, int number) {
+QString ChannelRows::cell(QStringView text, int column) {
+    if (!rows_.isEmpty() && rows_.last()[column] == text) return rows_.last()[column];
+    return text.toString();
+}
+
+QString ChannelRows::add(QStringView text, int number) {
     auto at = [number](const QString& reason) {
         return QStringLiteral("line %1: %2").arg(number).arg(reason);
     };
@@ -154,14 +172,26 @@ QString ChannelRows::add(const QString& text, int number) {
     if (mayPair_ && IsLowByteOf(line, waiting_)) {
         mayPair_ = false;
         QStringList& row = rows_.last();
-        row[2] = line.offset;
+        row[2] = line.offset.toString();
         if (!IsHighLetter(waiting_.letter)) row[3] = TypeOfLetter(line.letter);
+        highest_ = std::max(highest_, OffsetOf(line.offset));
         return {};
     }
     if (const QString missing = finish(); !missing.isEmpty()) return missing;
     if (rows_.size() >= kMaxChannelRows)
         return at(QStringLiteral("the table holds at most %1 channels").arg(kMaxChannelRows));
-    rows_.append(CellsOf(line));
+    // Cell by cell, each shared with the row above where they are the same: a long table
+    // repeats a few texts many times over.
+    QStringList row;
+    row.reserve(kChannelCells);
+    row << QStringLiteral("#") << cell(line.offset, 1) << QStringLiteral("0")
+        << TypeOfLetter(line.letter)
+        << (line.attribute.isEmpty() ? QString() : cell(line.attribute.toString() + u'>', 4))
+        << cell(line.key, 5) << cell(line.wheel, 6) << cell(line.label, 7) << cell(line.curve, 8)
+        << cell(line.inv, 9) << cell(line.ratio, 10) << cell(line.locate, 11)
+        << cell(line.highlight, 12) << cell(line.lowlight, 13) << cell(line.comment, 14);
+    rows_.append(std::move(row));
+    highest_ = std::max(highest_, OffsetOf(line.offset));
     waiting_ = line;
     waitingNumber_ = number;
     mayPair_ = IsHighLetter(line.letter) || line.letter.isEmpty();

@@ -6,39 +6,47 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 namespace input {
 
 inline constexpr int kChannelCells = 15;  // column 0, the line mark, to 14, the comment
 inline constexpr int kMaxChannelRows = 32767;
 
-// One channel line split into its fields, as written.
+// One channel line split into its fields, as written: views into the line's text.
 struct ChannelLine {
-    QString key, wheel, letter, offset;
-    QString tail;  // everything behind the offset: the part a low byte line repeats
-    QString ratio, curveAndInv, attribute, label, locate, highlight, lowlight, comment;
+    QStringView key, wheel, letter, offset;
+    QStringView tail;  // everything behind the offset: the part a low byte line repeats
+    QStringView ratio, curve, inv, attribute, label, locate, highlight, lowlight, comment;
 };
 
-// Splits one channel line. The reason when it is no channel line, empty on success.
-QString ParseChannelLine(const QString& text, ChannelLine& line);
+// Splits one channel line, each field checked for the form the writer gives it. The reason
+// when it is no channel line, empty on success; `line` then views into `text`.
+QString ParseChannelLine(QStringView text, ChannelLine& line);
 
 // Collects the rows of the channel grid from the lines of the DMX section, in order.
 class ChannelRows {
   public:
-    // Takes the next line (`number` counts the lines of the file from 1). The reason when
-    // the line cannot be read, empty when it was taken.
-    QString add(const QString& text, int number);
+    // Takes the next line (`number` counts the lines of the file from 1); its text must live
+    // until the next line is taken. The reason when the line cannot be read, empty when it
+    // was taken.
+    QString add(QStringView text, int number);
     // After the last line: the reason when a 16-bit channel still waits for its low byte.
     QString finish() const;
 
     // The cells of each row, column 0 to 14.
     const QList<QStringList>& rows() const { return rows_; }
+    // The highest offset the rows hold, in dmx1 or dmx2; 0 when none.
+    int highestOffset() const { return highest_; }
 
   private:
+    QString cell(QStringView text, int column);  // the text, shared with the row above if equal
+
     QList<QStringList> rows_;
     ChannelLine waiting_;  // the line of the last row while a low byte line may follow it
     int waitingNumber_ = 0;
     bool mayPair_ = false;
+    int highest_ = 0;
 };
 
 }  // namespace input

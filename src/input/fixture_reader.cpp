@@ -8,70 +8,84 @@ namespace input {
 
 namespace {
 
-// The lines of the file without their ends. CR LF ends a line; LF alone is taken as well,
+// The lines of the file's text, one at a time, so that no list of them is kept: a file of
+// many short lines costs no more than its text. CR LF ends a line; LF alone is taken as well,
 // and the last line needs no end. A CR in front of another CR stays in the line.
-struct SplitOutcome {
-    QStringList lines;
-    QString error;
+class LineCursor {
+  public:
+    explicit LineCursor(QStringView text) : text_(text) { take(0); }
+
+    bool atEnd() const { return start_ >= text_.size(); }
+    QStringView line() const { return text_.sliced(start_, length_); }
+    int number() const { return number_; }  // counted from 1
+    void next() {
+        ++number_;
+        take(next_);
+    }
+
+  private:
+    void take(qsizetype from) {
+        start_ = from;
+        qsizetype end = text_.indexOf(u'\n', from);
+        next_ = end < 0 ? text_.size() : end + 1;
+        if (end < 0) end = text_.size();
+        if (end > from && end < text_.size() && text_[end - 1] == u'\r') --end;
+        length_ = std::max<qsizetype>(0, end - from);
+    }
+
+    QStringView text_;
+    qsizetype start_ = 0, length_ = 0, next_ = 0;
+    int number_ = 1;
 };
 
-SplitOutcome SplitLines(const QByteArray& bytes) {
-    SplitOutcome out;
-    QList<QByteArray> raw = bytes.split('\n');
-    if (raw.last().isEmpty()) raw.removeLast();
-    for (int i = 0; i < raw.size(); ++i) {
-        QByteArray line = raw[i];
-        if (line.endsWith('\r')) line.chop(1);
-        const std::optional<QString> text = FromFileBytes(line);
-        if (!text) {
-            out.error = QStringLiteral("line %1: unreadable bytes").arg(i + 1);
-            return out;
-        }
-        out.lines.append(*text);
-    }
-    return out;
+// The number of the line that holds byte `at`, from 1.
+int LineOfByte(const QByteArray& bytes, qsizetype at) {
+    return static_cast<int>(QByteArrayView(bytes).first(at).count('\n')) + 1;
+}
+
+bool IsComment(QStringView line) {
+    return line.isEmpty() || line.startsWith(u';');
+}
+
+bool IsWholeNumber(QStringView text) {
+    if (text.isEmpty() || text.size() > 5) return false;
+    for (const QChar c : text)
+        if (c < u'0' || c > u'9') return false;
+    return true;
 }
 
 class Reader {
   public:
-    explicit Reader(QStringList lines) : lines_(std::move(lines)) {}
+    explicit Reader(QStringView text) : lines_(text) {}
 
     ReadOutcome read() {
         FixtureFile file;
-        const bool ok = readDevice(file) && readName(file) && readMirror(file) &&
+        const bool ok = readDevice(file) && readName(file) && readHead(file) &&
                         readChannels(file) && readPatchText(file);
         if (!ok) return {std::nullopt, error_};
         return {std::move(file), QString()};
     }
 
   private:
-    bool fail(int index, const QString& reason) {
-        error_ = QStringLiteral("line %1: %2").arg(index + 1).arg(reason);
+    bool fail(const QString& reason) {
+        error_ = QStringLiteral("line %1: %2").arg(last()).arg(reason);
         return false;
     }
-    bool atEnd() const { return at_ >= lines_.size(); }
-    const QString& line() const { return lines_[at_]; }
+    // The line the cursor stands on, or the file's last line behind the end.
+    int last() const { return lines_.atEnd() ? std::max(1, lines_.number() - 1) : lines_.number(); }
+    QStringView line() const { return lines_.line(); }
 
-    // Comment lines and empty lines stand between the head lines.
+    // Comment lines and empty lines stand between the sections.
     void skipComments() {
-        while (!atEnd() && (line().isEmpty() || line().startsWith(u';'))) ++at_;
-    }
-    // Moves to the next line that `keyword` starts; the lines in between are not read. A
-    // section met on the way means the line is missing.
-    bool seek(const QString& keyword, bool whole) {
-        for (; !atEnd(); ++at_) {
-            if (whole ? line() == keyword : line().startsWith(keyword)) return true;
-            if (line() == u"DMX" || line() == u"TEXT") break;
-        }
-        return fail(at_, QStringLiteral("%1 expected").arg(keyword.trimmed()));
+        while (!lines_.atEnd() && IsComment(line())) lines_.next();
     }
 
     bool readDevice(FixtureFile& file) {
         skipComments();
-        if (atEnd() || !(line().startsWith(u"DEVICE ") || line() == u"DEVICE"))
-            return fail(at_, QStringLiteral("DEVICE expected"));
-        file.nameOnDesk = line().mid(7);
-        ++at_;
+        if (lines_.atEnd() || !(line().startsWith(u"DEVICE ") || line() == u"DEVICE"))
+            return fail(QStringLiteral("DEVICE expected"));
+        file.nameOnDesk = line().size() > 7 ? line().sliced(7).toString() : QString();
+        lines_.next();
         return true;
     }
 
@@ -79,12 +93,13 @@ class Reader {
     // chosen where both texts fit their boxes of 30 characters.
     bool readName(FixtureFile& file) {
         skipComments();
-        const QString head = QStringLiteral("NAME \"");
-        if (atEnd() || !line().startsWith(head)) return fail(at_, QStringLiteral("NAME expected"));
+        const QLatin1String head("NAME \"");
+        if (lines_.atEnd() || !line().startsWith(head))
+            return fail(QStringLiteral("NAME expected"));
         if (line().size() < head.size() + 4 || !line().endsWith(u'"'))
-            return fail(at_, QStringLiteral("NAME needs \"manufacturer\" \"model\""));
-        const QString inner = line().mid(head.size()).chopped(1);
-        const QString between = QStringLiteral("\" \"");
+            return fail(QStringLiteral("NAME needs \"manufacturer\" \"model\""));
+        const QStringView inner = line().sliced(head.size()).chopped(1);
+        const QLatin1String between("\" \"");
         qsizetype split = -1;
         for (qsizetype at = inner.indexOf(between); at >= 0; at = inner.indexOf(between, at + 1)) {
             if (split < 0) split = at;
@@ -93,80 +108,179 @@ class Reader {
                 break;
             }
         }
-        if (split < 0) return fail(at_, QStringLiteral("NAME needs \"manufacturer\" \"model\""));
-        file.manufacturer = inner.left(split);
-        file.model = inner.mid(split + between.size());
-        ++at_;
+        if (split < 0) return fail(QStringLiteral("NAME needs \"manufacturer\" \"model\""));
+        file.manufacturer = inner.first(split).toString();
+        file.model = inner.sliced(split + between.size()).toString();
+        lines_.next();
         return true;
     }
 
-    // MIRROR {kind} {pan} {tilt}
-    bool readMirror(FixtureFile& file) {
-        if (!seek(QStringLiteral("MIRROR "), false)) return false;
-        const QString rest = line().mid(7);
+    // From NAME to DMX only the lines the wizard writes there may stand: comments, TYPE with
+    // the channel count, MIRROR with the kind and degrees (which must come), the patching
+    // block from DEVICEADDRESS to DAEND, and the three limits.
+    bool readHead(FixtureFile& file) {
+        bool mirror = false;
+        bool inAddress = false;
+        for (; !lines_.atEnd() && line() != u"DMX"; lines_.next()) {
+            const QStringView l = line();
+            if (inAddress) {
+                if (l == u"DAEND")
+                    inAddress = false;
+                else if (!l.startsWith(u'"'))
+                    return fail(QStringLiteral("DAEND expected"));
+            } else if (l == u"DEVICEADDRESS") {
+                inAddress = true;
+            } else if (l.startsWith(u"TYPE ")) {
+                if (!readType(l)) return false;
+            } else if (l.startsWith(u"MIRROR ")) {
+                if (mirror) return fail(QStringLiteral("a second MIRROR"));
+                if (!readMirror(l, file)) return false;
+                mirror = true;
+            } else if (!IsComment(l) && !IsLimit(l)) {
+                return fail(mirror ? QStringLiteral("DMX expected")
+                                   : QStringLiteral("MIRROR expected"));
+            }
+        }
+        if (inAddress) return fail(QStringLiteral("DAEND expected"));
+        if (!mirror) return fail(QStringLiteral("MIRROR expected"));
+        if (lines_.atEnd()) return fail(QStringLiteral("DMX expected"));
+        return true;
+    }
+
+    static bool IsLimit(QStringView l) {
+        for (const char* name : {"MINDMX=", "MAXDMX=", "DIVBY="}) {
+            const QLatin1String head(name);
+            if (!l.startsWith(head)) continue;
+            const QStringView value = l.sliced(head.size());
+            return IsWholeNumber(value.startsWith(u'-') ? value.sliced(1) : value);
+        }
+        return false;
+    }
+
+    // TYPE 1 {channel count} M
+    bool readType(QStringView l) {
+        if (!l.startsWith(u"TYPE 1 ") || !l.endsWith(u" M"))
+            return fail(QStringLiteral("TYPE needs 1, the channel count and M"));
+        const QStringView count = l.sliced(7).chopped(2);
+        if (!IsWholeNumber(count))
+            return fail(QStringLiteral("TYPE needs 1, the channel count and M"));
+        channelCount_ = count.toInt();
+        return true;
+    }
+
+    // MIRROR {kind} {pan} {tilt}; the degrees are written as typed.
+    bool readMirror(QStringView l, FixtureFile& file) {
+        const QStringView rest = l.sliced(7);
         const qsizetype first = rest.indexOf(u' ');
         const qsizetype second = first < 0 ? -1 : rest.indexOf(u' ', first + 1);
-        const QString kind = rest.left(first);
+        const QStringView kind = first < 0 ? rest : rest.first(first);
         if (second < 0 || (kind != u"0" && kind != u"1" && kind != u"2"))
-            return fail(at_, QStringLiteral("MIRROR needs a kind of 0, 1 or 2, pan and tilt"));
+            return fail(QStringLiteral("MIRROR needs a kind of 0, 1 or 2, pan and tilt"));
         file.mirrorKind = kind.toInt();
-        file.pan = rest.mid(first + 1, second - first - 1);
-        file.tilt = rest.mid(second + 1);
-        ++at_;
+        file.pan = rest.sliced(first + 1, second - first - 1).toString();
+        file.tilt = rest.sliced(second + 1).toString();
         return true;
     }
 
     bool readChannels(FixtureFile& file) {
-        if (!seek(QStringLiteral("DMX"), true)) return false;
         ChannelRows rows;
-        for (++at_; !atEnd() && line() != u"END"; ++at_) {
-            const QString error = rows.add(line(), at_ + 1);
+        for (lines_.next(); !lines_.atEnd() && line() != u"END"; lines_.next()) {
+            const QString error = rows.add(line(), lines_.number());
             if (!error.isEmpty()) {
                 error_ = error;
                 return false;
             }
         }
-        if (atEnd()) return fail(at_, QStringLiteral("the DMX section has no END"));
+        if (lines_.atEnd()) return fail(QStringLiteral("the DMX section has no END"));
         if (const QString error = rows.finish(); !error.isEmpty()) {
             error_ = error;
             return false;
         }
         file.channelRows = rows.rows();
-        ++at_;
+        // A row whose dmx2 was left empty writes no line, yet its offset counts: the count
+        // of the file brings it back, as one such row behind the others.
+        if (channelCount_ > rows.highestOffset()) {
+            QStringList row(kChannelCells);
+            row[0] = QStringLiteral("#");
+            row[1] = QString::number(channelCount_);
+            file.channelRows.append(row);
+        }
+        lines_.next();
         return true;
     }
 
-    // The patch text ends at the END that ATTR, obsolete and END follow at the end of the
-    // file, so that a line END typed into the text stays part of it.
+    // The patch text ends at the END that ATTR, obsolete and END follow, the last such END in
+    // the file, so that a line END typed into the text stays part of it; behind the closing
+    // END only comments may stand.
     bool readPatchText(FixtureFile& file) {
-        while (!atEnd() && line() != u"TEXT") ++at_;
-        if (atEnd()) return fail(at_, QStringLiteral("TEXT expected"));
-        const int first = at_ + 1;
-        int end = -1;
-        for (int i = lines_.size() - 1; i >= first && end < 0; --i) {
-            if (lines_[i] == u"END" && lines_.mid(i + 1, 3) == kClosing) end = i;
+        skipComments();
+        if (lines_.atEnd() || line() != u"TEXT") return fail(QStringLiteral("TEXT expected"));
+        lines_.next();
+        const LineCursor first = lines_;
+        int end = -1;      // the number of the line END that closes the text
+        int lastEnd = -1;  // the last line END of all, should no closing block follow
+        int junk = -1;     // the first line behind the closing block that is no comment
+        for (LineCursor at = first; !at.atEnd(); at.next()) {
+            if (junk < 0 && end > 0 && at.number() > end + 3 && !IsComment(at.line()))
+                junk = at.number();
+            if (at.line() != u"END") continue;
+            lastEnd = at.number();
+            if (ClosingBlockAt(at)) {
+                end = at.number();
+                junk = -1;
+            }
         }
-        for (int i = lines_.size() - 1; i >= first && end < 0; --i)
-            if (lines_[i] == u"END") end = i;
-        if (end < 0) return fail(lines_.size(), QStringLiteral("the TEXT section has no END"));
-        file.patchText = lines_.mid(first, end - first).join(QStringLiteral("\r\n"));
+        if (end < 0) end = lastEnd;
+        if (end < 0) return fail(QStringLiteral("the TEXT section has no END"));
+        if (junk > 0) {
+            error_ =
+                QStringLiteral("line %1: only comments may follow the END of the file").arg(junk);
+            return false;
+        }
+        QString text;
+        for (LineCursor at = first; at.number() < end; at.next()) {
+            if (at.number() > first.number()) text += QLatin1String("\r\n");
+            text += at.line();
+        }
+        file.patchText = text;
+        return true;
+    }
+
+    // Whether ATTR, obsolete and END follow the line END at `at`.
+    static bool ClosingBlockAt(LineCursor at) {
+        for (const char* expected : {"ATTR", "obsolete", "END"}) {
+            at.next();
+            if (at.atEnd() || at.line() != QLatin1String(expected)) return false;
+        }
         return true;
     }
 
     static constexpr qsizetype kNameLength = 30;
-    const QStringList kClosing = {QStringLiteral("ATTR"), QStringLiteral("obsolete"),
-                                  QStringLiteral("END")};
-    QStringList lines_;
-    int at_ = 0;
+    LineCursor lines_;
+    int channelCount_ = 0;
     QString error_;
 };
 
 }  // namespace
 
 ReadOutcome ReadFixtureBytes(const QByteArray& bytes) {
-    SplitOutcome split = SplitLines(bytes);
-    if (!split.error.isEmpty()) return {std::nullopt, split.error};
-    return Reader(std::move(split.lines)).read();
+    if (bytes.isEmpty()) return {std::nullopt, QStringLiteral("the file is empty")};
+    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0)
+        return {std::nullopt, QStringLiteral("line %1: a NUL byte").arg(LineOfByte(bytes, nul))};
+    const std::optional<QString> text = FromFileBytes(bytes);
+    if (!text) {
+        // Only on the way out: the line that holds the byte the code page lacks.
+        qsizetype start = 0;
+        for (int number = 1;; ++number) {
+            const qsizetype end = bytes.indexOf('\n', start);
+            const QByteArrayView line =
+                QByteArrayView(bytes).sliced(start, (end < 0 ? bytes.size() : end) - start);
+            if (!FromFileBytes(line) || end < 0)
+                return {std::nullopt, QStringLiteral("line %1: unreadable bytes").arg(number)};
+            start = end + 1;
+        }
+    }
+    return Reader(*text).read();
 }
 
 ReadOutcome ReadFixtureFile(const QString& path) {

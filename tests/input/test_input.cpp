@@ -211,11 +211,12 @@ void TestInput::roundTrip() {
             QStringList cells;
             for (const QString& column : columns)
                 cells.append(column == u"~" ? text(texts, 40) : pick(column.split(u'|')));
-            // Some rows are 16-bit; some have no number in dmx2 and so no line, nor any offset
-            // that would count for the channels.
+            // Some rows are 16-bit; some have no number in dmx2 and so no line, with or without
+            // an offset that counts for the channels.
             const int width = random.bounded(10);
             if (width <= 2) cells[2] = pick({"2", "18", "512"});
             if (width == 0) cells[1] = cells[2] = QString();
+            if (width == 3) cells[2] = QString();
             f.table.AddItem(cells[0]);
             for (int c = 1; c < cells.size(); ++c)
                 f.table.setTextMatrix(f.table.Rows() - 1, c, cells[c]);
