@@ -42,15 +42,10 @@ void GridModel::ReplaceBody(const QList<QStringList>& rows) {
     cells_.resize(cols);
     cells_.reserve(cols * (static_cast<std::size_t>(rows.size()) + 1));
     const QString none;
-    for (const QStringList& row : rows) {
-        for (int col = 0; col < cols_; ++col) {
-            const QString& text = col < row.size() ? row[col] : none;
-            // Rows read from a file mostly repeat the cell above: that text is shared already.
-            const QString& above = cells_[cells_.size() - cols];
-            cells_.push_back(cells_.size() >= 2 * cols && text == above ? above
-                                                                       : *texts_.insert(text));
-        }
-    }
+    // The texts come as a file reader made them, which shares a text with the cell above
+    // where they are equal: they are taken as they are.
+    for (const QStringList& row : rows)
+        for (int col = 0; col < cols_; ++col) cells_.push_back(col < row.size() ? row[col] : none);
     endResetModel();
 }
 
