@@ -1,9 +1,11 @@
 # The two commands a new user types: `make run` and `make test`.
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
 JOBS       ?= $(shell nproc)
 
-.PHONY: all deps configure build run test test-asan bench package package-check clean
+.PHONY: all deps configure build run test test-asan fuzz bench package package-check clean
 
 all: build
 
@@ -30,6 +32,13 @@ test-asan: deps
 	cd $(ASAN_BUILD) && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 \
 	  UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j $(JOBS)
 
+# Each reader's fuzzer for FUZZ_SECONDS, one after the other; not part of the tests.
+fuzz: deps
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	  -DRIGWRIGHT_FUZZ=ON -DBUILD_TESTING=OFF
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target fuzz_fixture_reader fuzz_qxf_reader
+	./scripts/run-fuzz $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
 bench: build
 	QT_QPA_PLATFORM=offscreen ./$(BUILD)/bench/rigwright-bench
 
@@ -40,4 +49,4 @@ package-check:
 	./scripts/check-package $(BUILD)
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)

@@ -1,0 +1,28 @@
+// Any bytes into the reader of QLC+ fixture definitions, and every mode it finds through the
+// mapping: read or refused, never a crash; a mapped mode has one offset per channel.
+#include <QByteArray>
+#include <QSet>
+#include <cstdint>
+#include <cstdlib>
+
+#include "input/channel_lines.h"
+#include "input/qxf_mapping.h"
+#include "input/qxf_reader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const input::QxfOutcome read = input::ReadQxfBytes(bytes);
+    if (!read.fixture) return read.error.isEmpty() ? (std::abort(), 0) : 0;
+    for (int m = 0; m < read.fixture->modes.size(); ++m) {
+        const input::ReadOutcome mapped = input::MapQxfMode(*read.fixture, m);
+        if (!mapped.fixture) continue;
+        QSet<QString> offsets;
+        for (const QStringList& row : mapped.fixture->channelRows) {
+            if (row.size() != input::kChannelCells) std::abort();
+            offsets << row[1];
+            if (row[2] != u"0") offsets << row[2];
+        }
+        if (offsets.size() != read.fixture->modes[m].channels.size()) std::abort();
+    }
+    return 0;
+}
