@@ -14,7 +14,6 @@
 #include "gui/dialogs.h"
 #include "gui/seams.h"
 #include "gui/testing.h"
-#include "input/command_line.h"
 #include "input/fixture_reader.h"
 #include "output/fixture_file.h"
 #include "support/form_fixture.h"
@@ -29,8 +28,6 @@ class TestInput : public FormFixture {
   private slots:
     void read_data();
     void read();
-    void commandLine_data();
-    void commandLine();
     void openAtStart_data();
     void openAtStart();
     void roundTrip();
@@ -122,22 +119,6 @@ void TestInput::read() {
     for (const QStringList& cells : f.channelRows) read.last() += cells.join(u'|') + u'/';
     read.last().chop(1);
     QCOMPARE(outcome.fixture ? read.join(u'|') : outcome.error, expected);
-}
-
-void TestInput::commandLine_data() {
-    QTest::addColumn<QString>("arguments");  // "|" between them
-    QTest::addColumn<QString>("action");     // run, help, version or mistake
-    QTest::addColumn<QString>("file");
-    addRows("command lines");
-}
-
-void TestInput::commandLine() {
-    QFETCH(QString, arguments);
-    QFETCH(QString, action);
-    QFETCH(QString, file);
-    const auto line = input::ParseCommandLine(arguments.split(u'|', Qt::SkipEmptyParts));
-    QCOMPARE(int(line.action), QStringList({"run", "help", "version", "mistake"}).indexOf(action));
-    QCOMPARE(line.file, file);
 }
 
 void TestInput::openAtStart_data() {

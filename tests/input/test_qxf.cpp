@@ -5,6 +5,9 @@
 #include <QAccessible>
 #include <QBuffer>
 #include <QDirIterator>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -128,6 +131,16 @@ bool EditorAccepts(int column, const QString& text) {
     return number && stored == text;
 }
 
+// A table of tests/data/qxf_tables.json, by the start of its name.
+QJsonArray Table(const char* name) {
+    QFile file(qEnvironmentVariable("RIGWRIGHT_TEST_DATA") + QStringLiteral("/qxf_tables.json"));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QJsonObject tables = QJsonDocument::fromJson(file.readAll()).object();
+    for (auto it = tables.begin(); it != tables.end(); ++it)
+        if (it.key().startsWith(QLatin1String(name) + u':')) return it.value().toArray();
+    return {};
+}
+
 QString MapError(const QByteArray& bytes, const QString& mode = {}) {
     const input::QxfOutcome read = input::ReadQxfBytes(bytes);
     if (!read.fixture) return read.error;
@@ -141,50 +154,10 @@ QString MapError(const QByteArray& bytes, const QString& mode = {}) {
 void TestQxf::mapping_data() {
     QTest::addColumn<QByteArray>("qxf");
     QTest::addColumn<QString>("pages");
-    const QString position =
-        "Pan@PositionPan|Pan fine@PositionPanFine|Tilt@PositionTilt|"
-        "Tilt fine@PositionTiltFine";
-    QTest::newRow("presets and groups")
-        << Qxf(position +
-                   "|Dim@IntensityDimmer|Wheel#Colour|Gobos#Gobo|Gobo rotation#Gobo|"
-                   "Strobe#Shutter|Frost#Beam|Reset#Maintenance",
-               {"Pan|Pan fine|Tilt|Tilt fine|Dim|Wheel|Gobos|Gobo rotation|Strobe|Frost|Reset"})
-        << "2 BEAM575: 1,2,F,E>,3/61,Pan / 3,4,F,F>,3/1,Tilt / 5,0,H,H>,1/1,Dimmer / "
-           "6,0,I,A>,4/1,Color1 / 7,0,I,I>,6/61,Gobo1 / 8,0,F,K>,7/61,Gobo1 Rot / "
-           "9,0,F,O>,2/61,Shutter / 10,0,I,S>,16/61,Frost / 11,0,I,0>,18/61,Control";
-    QTest::newRow("fine before and apart from its coarse byte")
-        << Qxf(position + "|Dim@IntensityDimmer", {"Pan fine|Tilt|Dim|Pan|Tilt fine"})
-        << "2 BEAM575: 2,5,F,F>,3/1,Tilt / 3,0,H,H>,1/1,Dimmer / 4,1,F,E>,3/61,Pan";
-    QTest::newRow("fine without a coarse byte, no pan or tilt")
-        << Qxf("Red@IntensityRedFine|Blue#Intensity#0#Blue", {"Red|Blue"})
-        << "0 BEAM575: 1,0,F,T>,10/1,Red / 2,0,F,V>,9/61,Blue";
-    QTest::newRow("second of a kind, a colour, kinds no preset covers, nothing")
-        << Qxf("Dim 1@IntensityDimmer|Dim 2@IntensityDimmer|Wheel 1#Colour|Wheel 2#Colour|"
-               "Wheel 3#Colour|White@IntensityWhite|White 2@IntensityWhite|Gap@NoFunction|"
-               "A very long name@IntensityDimmer",
-               {"Dim 1|Dim 2|Wheel 1|Wheel 2|Wheel 3|White|White 2|Gap|A very long name"})
-        << "0 BEAM575: 1,0,H,H>,1/1,Dimmer / 2,0,F,H>,1/61,Dim 2 / 3,0,I,A>,4/1,Color1 / "
-           "4,0,I,A>,4/61,Color2 / 5,0,I,A>,11/1,Wheel 3 / 6,0,F,0>,11/61,White / "
-           "7,0,F,0>,12/1,White 2 / 8,0,I,0>,12/61,Not used / 9,0,F,H>,13/1,Dimmer";
-    QTest::newRow("a preset's key taken already goes to a free one")
-        << Qxf("Cyan@IntensityCyan|Red@IntensityRed", {"Cyan|Red"})
-        << "0 BEAM575: 1,0,F,B>,10/1,Cyan / 2,0,F,T>,1/61,Red";
-    QTest::newRow("the master dimmer is the one HTP, its fine byte a row of its own")
-        << Qxf("Dim@IntensityDimmer|Master@IntensityMasterDimmer|"
-               "Master fine@IntensityMasterDimmerFine|Dim fine@IntensityDimmerFine",
-               {"Dim|Master|Master fine|Dim fine"})
-        << "0 BEAM575: 1,4,F,H>,1/61,Dim / 2,0,H,H>,1/1,Dimmer / 3,0,F,0>,11/1,Dimmer fine";
-    QTest::newRow("fine bytes pair within their head")
-        << Qxf("Red 1@IntensityRed|Red 2@IntensityRed|Red fine 1@IntensityRedFine|"
-               "Red fine 2@IntensityRedFine",
-               {"Red 1|Red 2|Red fine 1|Red fine 2"}, "Color Changer", "Fixed", "0,2/1,3")
-        << "0 BEAM575: 1,3,F,T>,10/1,Red / 2,4,F,T>,1/61,Red 2";
-    QTest::newRow("names as written: a trailing blank, the first of two definitions")
-        << Qxf("Zoom @BeamZoomSmallBig|Zoom#Effect|Zoom@ShutterStrobeSlowFast", {"Zoom |Zoom"})
-        << "0 BEAM575: 1,0,F,Q>,5/1,Zoom / 2,0,F,0>,19/61,Effect...";
-    QTest::newRow("a scanner is a mirror, unless its focus is a head")
-        << Qxf(position, {"Pan|Tilt"}, "Scanner", "Fixed")
-        << "1 BEAM575: 1,0,F,E>,3/61,Pan / 2,0,F,F>,3/1,Tilt";
+    for (const QJsonValue& row : Table("mapping")) {
+        const auto at = [&](int i) { return row[i].toString(); };
+        QTest::newRow(qPrintable(at(0))) << Qxf(at(1), {at(2)}, at(3), at(4), at(5)) << at(6);
+    }
 }
 
 void TestQxf::mapping() {
@@ -411,35 +384,15 @@ void TestQxf::replaceAsks() {
 
 void TestQxf::commandLine_data() {
     QTest::addColumn<QString>("arguments");  // "|" between them
-    QTest::addColumn<QString>("parsed");     // action, files, mode, target, force; or the error
-    QTest::newRow("short help") << "a.R20|-h"
-                                << "1    0";
-    QTest::newRow("short version") << "-v"
-                                   << "2    0";
-    QTest::newRow("a mode to open") << "a.qxf|--mode|Basic 8"
-                                    << "0 a.qxf Basic 8  0";
-    QTest::newRow("convert") << "--convert|--to|out|--force|a.qxf|b.qxf"
-                             << "4 a.qxf,b.qxf  out 1";
-    QTest::newRow("check") << "--check|--mode=2|a.R20"
-                           << "5 a.R20 2  0";
-    QTest::newRow("unknown option named") << "--frobnicate"
-                                          << "Unknown option 'frobnicate'.";
-    QTest::newRow("convert without a folder") << "--convert|a.qxf"
-                                              << "--convert needs --to DIR.";
-    QTest::newRow("check without a file") << "--check"
-                                          << "No file named.";
-    QTest::newRow("both at once") << "--check|--convert|--to|x|a"
-                                  << "--convert and --check go one at a time.";
-    QTest::newRow("a folder without convert") << "--to|x|a.qxf"
-                                              << "--to and --force belong to --convert.";
-    QTest::newRow("a mode with no file") << "--mode|1"
-                                         << "--mode needs a QLC+ fixture to open.";
+    QTest::addColumn<QString>("parsed");     // action, files, mode, folder, force; or the mistake
+    for (const QJsonValue& row : Table("command lines"))
+        QTest::newRow(qPrintable(row[0].toString())) << row[1].toString() << row[2].toString();
 }
 
 void TestQxf::commandLine() {
     QFETCH(QString, arguments);
     QFETCH(QString, parsed);
-    const input::CommandLine l = input::ParseCommandLine(arguments.split(u'|'));
+    const input::CommandLine l = input::ParseCommandLine(arguments.split(u'|', Qt::SkipEmptyParts));
     const QString got = l.action == input::CommandLine::Action::kMistake
                             ? l.error
                             : QStringLiteral("%1 %2 %3 %4 %5")
