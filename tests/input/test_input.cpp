@@ -35,11 +35,6 @@ class TestInput : public FormFixture {
 
 namespace {
 
-bool WriteBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 // What the wizard shows of a fixture: manufacturer, model, name, pan, tilt and patch text with
 // "|" between them, then each row of the grid, "/" before it, with "|" between its cells.
 QString Shown(MainForm& f) {

@@ -104,16 +104,6 @@ QString Summary(const input::FixtureFile& f) {
            rows.join(QStringLiteral(" / "));
 }
 
-bool WriteBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QByteArray ReadBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // Whether the column's editor would store `text` as it stands: a choice column its list's
 // item or the item's short form, a number column a number within bounds, free text one line.
 bool EditorAccepts(int column, const QString& text) {

@@ -24,6 +24,19 @@ class FormFixture : public QObject {
     std::unique_ptr<MainForm> form_;
 };
 
+// Files the tests write and read back whole.
+#include <QFile>
+
+inline bool WriteBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+inline QByteArray ReadBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+}
+
 // Runs a test class inside the program's own application object, so that the widgets of
 // the form can exist, on whatever platform CTest gives (offscreen).
 #include <QTest>
@@ -54,17 +67,17 @@ struct Register {
 };
 }  // namespace test_support
 
-#define RIGWRIGHT_TEST_CLASS(TestClass)                   \
+#define RIGWRIGHT_TEST_CLASS(TestClass)                         \
     static const test_support::Register TestClass##_registered{ \
         [] { return std::unique_ptr<QObject>(new TestClass); }};
 
-#define RIGWRIGHT_TEST_PROGRAM()                                   \
-    int main(int argc, char** argv) {                              \
-        gui::Application app(argc, argv);                          \
-        int failures = 0;                                          \
-        for (const auto& make : test_support::Registry()) {        \
-            auto test = make();                                    \
-            failures += QTest::qExec(test.get(), argc, argv);      \
-        }                                                          \
-        return failures;                                           \
+#define RIGWRIGHT_TEST_PROGRAM()                              \
+    int main(int argc, char** argv) {                         \
+        gui::Application app(argc, argv);                     \
+        int failures = 0;                                     \
+        for (const auto& make : test_support::Registry()) {   \
+            auto test = make();                               \
+            failures += QTest::qExec(test.get(), argc, argv); \
+        }                                                     \
+        return failures;                                      \
     }
