@@ -105,6 +105,9 @@ bool IsHighLetter(QStringView letter) {
     return letter == u"s" || letter == u"S";
 }
 
+// An offset the wizard writes is a 16-bit value.
+constexpr int kMaxOffset = 32767;
+
 int OffsetOf(QStringView digits) {
     return digits.isEmpty() ? 0 : digits.toInt();
 }
@@ -138,6 +141,8 @@ QString ParseChannelLine(QStringView text, ChannelLine& line) {
         if (!IsDigitsOrNothing(parts[i]))
             return QStringLiteral("%1 \"%2\" is no whole number").arg(names[i]).arg(parts[i]);
     }
+    if (OffsetOf(parts[3]) > kMaxOffset)
+        return QStringLiteral("the offset %1 lies beyond %2").arg(parts[3]).arg(kMaxOffset);
     if (!SplitCurveAndInv(parts[5], line))
         return QStringLiteral("\"%1\" is no curve and inversion").arg(parts[5]);
     if (!IsAttribute(parts[6])) return QStringLiteral("\"%1\" is no attribute type").arg(parts[6]);

@@ -162,7 +162,7 @@ class Reader {
         if (!l.startsWith(u"TYPE 1 ") || !l.endsWith(u" M"))
             return fail(QStringLiteral("TYPE needs 1, the channel count and M"));
         const QStringView count = l.sliced(7).chopped(2);
-        if (!IsWholeNumber(count))
+        if (!IsWholeNumber(count) || count.toInt() > kMaxChannelRows)
             return fail(QStringLiteral("TYPE needs 1, the channel count and M"));
         channelCount_ = count.toInt();
         return true;
