@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 
 #include "gui/grid_model.h"
@@ -77,30 +78,24 @@ class SpokenGridModel : public GridModel {
 
 constexpr int kCellPadding = 8;
 
-// Shows the whole text of a cell that its column cuts, in a tool tip over the cell; a cell
-// whose text fits shows none. Column widths change when the user drags a border, so the
-// check is made on the width the column has at that moment.
-class CellTip : public QObject {
+// The model gives every cell's text as its tool tip; the tip shows only over a cell that its
+// column cuts. Column widths change when the user drags a border, so the check is made on the
+// width the column has at that moment.
+class CutCellTips : public QStyledItemDelegate {
   public:
-    CellTip(QAbstractItemView* view) : QObject(view), view_(view) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::ToolTip) return false;
-        const auto* help = static_cast<QHelpEvent*>(event);
-        const QModelIndex index = view_->indexAt(help->pos());
-        const QString text = index.data().toString();
-        const QRect cell = view_->visualRect(index);
+    using QStyledItemDelegate::QStyledItemDelegate;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
         const int margin =
-            view_->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view_) + 1;
-        if (index.isValid() &&
-            view_->fontMetrics().horizontalAdvance(text) + 2 * margin > cell.width())
-            QToolTip::showText(help->globalPos(), text, view_->viewport(), cell);
-        else
+            view->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
+        const QString text = index.data(Qt::ToolTipRole).toString();
+        if (event->type() == QEvent::ToolTip &&
+            view->fontMetrics().horizontalAdvance(text) + 2 * margin <= option.rect.width()) {
             QToolTip::hideText();
-        return true;
+            return true;
+        }
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
     }
-
-  private:
-    QAbstractItemView* view_;
 };
 
 }  // namespace
@@ -159,7 +154,7 @@ void Grid::create(Control& parent, const QString& name, const Look& look, const 
     for (int c = 1; c < static_cast<int>(heads.size()); ++c)
         view_->setColumnWidth(c - 1, metrics.horizontalAdvance(heads[c].text) + kCellPadding);
 
-    view_->viewport()->installEventFilter(new CellTip(view_));
+    view_->setItemDelegate(new CutCellTips(view_));
     if (auto* corner = view_->findChild<QAbstractButton*>())
         corner->installEventFilter(new CornerPainter(corner, model_.get()));
 

@@ -59,7 +59,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
-    if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
+    if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole || role == Qt::ToolTipRole)
         return Cell(index.row() + 1, index.column() + 1);
     if (role == Qt::BackgroundRole) return QGuiApplication::palette().base();
     if (role == Qt::TextAlignmentRole)
