@@ -90,6 +90,10 @@ void LibraryRows(std::vector<bench::Row>& rows, const QString& self, MainForm& f
     QTemporaryDir dir;
     // A written fixture file of the table's 32,767 rows, as the wizard writes it.
     const QString bigFile = dir.filePath(QStringLiteral("BIG.R20"));
+    for (int row = 1; row < f.table.Rows(); ++row) {  // 8-bit rows at the offsets 1 to 32,767
+        f.table.setTextMatrix(row, 1, QString::number(row));
+        f.table.setTextMatrix(row, 2, QStringLiteral("0"));
+    }
     SaveFixtureFile(f, bigFile);
 
     const QStringList files = InstalledFixtures();

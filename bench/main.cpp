@@ -110,6 +110,7 @@ int VisibleChild(int argc, char** argv, bool bare, const QByteArray& kinds) {
         return 0;
     }
     gui::Application app(argc, argv);
+    gui::seams::Reset();  // a refused file must not wait for a click
     MainForm form;
     // The form may open a fixture file (and a mode of it) on its way up.
     const QString file = QString::fromLocal8Bit(kinds);
