@@ -15,9 +15,11 @@
 #include "gui/seams.h"
 #include "gui/testing.h"
 #include "input/command_line.h"
+#include "input/fixture_reader.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
 #include "output/save_flow.h"
+#include "wizard/engine.h"
 #include "wizard/library_commands.h"
 #include "wizard/main_form.h"
 #include "wizard/start.h"
@@ -94,7 +96,14 @@ void LibraryRows(std::vector<bench::Row>& rows, const QString& self, MainForm& f
         f.table.setTextMatrix(row, 1, QString::number(row));
         f.table.setTextMatrix(row, 2, QStringLiteral("0"));
     }
+    f.CurrentStep = 2;
+    nexts_Click(f);  // the channel count follows the table on the finish page
     SaveFixtureFile(f, bigFile);
+    if (const input::ReadOutcome read = input::ReadFixtureFile(bigFile); !read.fixture) {
+        rows.push_back(
+            {"open a fixture file of 32,767 rows: refused, " + read.error, 0, "", 0, 0, 0});
+        return;
+    }
 
     const QStringList files = InstalledFixtures();
     if (files.isEmpty()) {
