@@ -3,6 +3,7 @@
 #include <QHideEvent>
 #include <QImage>
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
 
 #include "gui/widgets.h"
@@ -100,8 +101,14 @@ void Picture::Line(double x1, double y1, double x2, double y2) {
     view_->Box(x1, y1, x2, y2);
 }
 
-void Picture::setDescription(const QString& text) {
-    widget_->setAccessibleDescription(text);
+void Picture::setDescription(std::function<QString()> describe) {
+    const bool pending = static_cast<bool>(describe_);
+    describe_ = std::move(describe);
+    if (pending) return;
+    QTimer::singleShot(0, widget_, [this] {
+        widget_->setAccessibleDescription(describe_());
+        describe_ = nullptr;
+    });
 }
 
 }  // namespace gui

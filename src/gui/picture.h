@@ -4,6 +4,7 @@
 // stands in its place until the next drawing.
 
 #include <QString>
+#include <functional>
 
 #include "gui/control.h"
 
@@ -22,13 +23,15 @@ class Picture : public Control {
     double ScaleHeight() const;
     // A filled box between two corners in the user scale, outline and inside in ForeColor.
     void Line(double x1, double y1, double x2, double y2);
-    // What the drawing shows, in words, for a screen reader.
-    void setDescription(const QString& text);
+    // What the drawing shows, in words, for a screen reader: `describe` is asked once the
+    // event that drew it is handled, so that many drawings in one event cost one text.
+    void setDescription(std::function<QString()> describe);
 
     PictureView* view() const { return view_; }
 
   private:
     PictureView* view_ = nullptr;
+    std::function<QString()> describe_;
 };
 
 }  // namespace gui

@@ -59,13 +59,22 @@ std::int32_t RandomColour() {
 
 void DrawRangePicture(MainForm& f) {
     const double height = f.rpict.ScaleHeight();
-    QStringList bars;  // what a screen reader hears of them
+    const auto bounds = [&f](int row) {
+        return std::pair(common::LeadingInt16(f.range.TextMatrix(row, 1)).value_or(0),
+                         common::LeadingInt16(f.range.TextMatrix(row, 2)).value_or(0));
+    };
     for (int row = 1; row < f.range.Rows(); ++row) {
         f.rpict.setForeColor(RandomColour());
-        const int from = common::LeadingInt16(f.range.TextMatrix(row, 1)).value_or(0);
-        const int to = common::LeadingInt16(f.range.TextMatrix(row, 2)).value_or(0);
+        const auto [from, to] = bounds(row);
         f.rpict.Line(from, 0, to, height);
-        bars << QStringLiteral("%1 to %2 %3").arg(from).arg(to).arg(f.range.TextMatrix(row, 3));
     }
-    f.rpict.setDescription(bars.join(QStringLiteral(", ")));
+    // What a screen reader hears of the bars.
+    f.rpict.setDescription([&f, bounds] {
+        QStringList bars;
+        for (int row = 1; row < f.range.Rows(); ++row) {
+            const auto [from, to] = bounds(row);
+            bars << QStringLiteral("%1 to %2 %3").arg(from).arg(to).arg(f.range.TextMatrix(row, 3));
+        }
+        return bars.join(QStringLiteral(", "));
+    });
 }

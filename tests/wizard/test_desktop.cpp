@@ -107,7 +107,7 @@ class TestDesktop : public FormFixture {
         QCOMPARE(cell->columnHeaderCells().front()->text(QAccessible::Name), "from");
         QCOMPARE(cell->rowHeaderCells().front()->text(QAccessible::Name), "row 1");
         auto* bars = QAccessible::queryAccessibleInterface(find("rpict"));
-        QCOMPARE(bars->text(QAccessible::Description), "0 to 255 label here");
+        QTRY_COMPARE(bars->text(QAccessible::Description), "0 to 255 label here");
     }
 
     // The first save after an open proposes the opened file; the next ones the name on the
