@@ -108,8 +108,24 @@ bool IsHighLetter(QStringView letter) {
 // An offset the wizard writes is a 16-bit value.
 constexpr int kMaxOffset = 32767;
 
+// The value of at most five digits, which the line's form has checked already.
 int OffsetOf(QStringView digits) {
-    return digits.isEmpty() ? 0 : digits.toInt();
+    int value = 0;
+    for (const QChar c : digits) value = value * 10 + (c.unicode() - u'0');
+    return value;
+}
+
+// The attribute type's short form as the cell holds it: the letter or digit and ">".
+QString AttributeCell(QStringView attribute) {
+    static const QStringList kForms = [] {
+        QStringList forms;
+        for (const QChar c : QStringView(u"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"))
+            forms << QString(c) + u'>';
+        return forms;
+    }();
+    if (attribute.isEmpty()) return {};
+    const char16_t c = attribute[0].unicode();
+    return kForms[c <= u'9' ? c - u'0' : 10 + c - u'A'];
 }
 
 // Whether `low` is the low byte line of the channel whose first line is `high`.
@@ -190,11 +206,10 @@ QString ChannelRows::add(QStringView text, int number) {
     QStringList row;
     row.reserve(kChannelCells);
     row << QStringLiteral("#") << cell(line.offset, 1) << QStringLiteral("0")
-        << TypeOfLetter(line.letter)
-        << (line.attribute.isEmpty() ? QString() : cell(line.attribute.toString() + u'>', 4))
-        << cell(line.key, 5) << cell(line.wheel, 6) << cell(line.label, 7) << cell(line.curve, 8)
-        << cell(line.inv, 9) << cell(line.ratio, 10) << cell(line.locate, 11)
-        << cell(line.highlight, 12) << cell(line.lowlight, 13) << cell(line.comment, 14);
+        << TypeOfLetter(line.letter) << AttributeCell(line.attribute) << cell(line.key, 5)
+        << cell(line.wheel, 6) << cell(line.label, 7) << cell(line.curve, 8) << cell(line.inv, 9)
+        << cell(line.ratio, 10) << cell(line.locate, 11) << cell(line.highlight, 12)
+        << cell(line.lowlight, 13) << cell(line.comment, 14);
     rows_.append(std::move(row));
     highest_ = std::max(highest_, OffsetOf(line.offset));
     waiting_ = line;
