@@ -178,8 +178,16 @@ QString ParseChannelLine(QStringView text, ChannelLine& line) {
 }
 
 QString ChannelRows::cell(QStringView text, int column) {
-    if (!rows_.isEmpty() && rows_.last()[column] == text) return rows_.last()[column];
-    return text.toString();
+    // Offsets differ from row to row: only the other columns repeat their texts.
+    if (column == 1) return text.toString();
+    auto& seen = seen_[column];
+    const std::u16string_view key(text.utf16(), static_cast<std::size_t>(text.size()));
+    if (const auto found = seen.find(key); found != seen.end()) return found->second;
+    QString made = text.toString();
+    seen.emplace(std::u16string_view(reinterpret_cast<const char16_t*>(made.utf16()),
+                                     static_cast<std::size_t>(made.size())),
+                 made);
+    return made;
 }
 
 QString ChannelRows::add(QStringView text, int number) {
@@ -201,8 +209,6 @@ QString ChannelRows::add(QStringView text, int number) {
     if (const QString missing = finish(); !missing.isEmpty()) return missing;
     if (rows_.size() >= kMaxChannelRows)
         return at(QStringLiteral("the table holds at most %1 channels").arg(kMaxChannelRows));
-    // Cell by cell, each shared with the row above where they are the same: a long table
-    // repeats a few texts many times over.
     QStringList row;
     row.reserve(kChannelCells);
     row << QStringLiteral("#") << cell(line.offset, 1) << QStringLiteral("0")

@@ -7,6 +7,9 @@
 #include <QString>
 #include <QStringList>
 #include <QStringView>
+#include <array>
+#include <string_view>
+#include <unordered_map>
 
 namespace input {
 
@@ -40,7 +43,11 @@ class ChannelRows {
     int highestOffset() const { return highest_; }
 
   private:
-    QString cell(QStringView text, int column);  // the text, shared with the row above if equal
+    // The text of a cell, shared with every cell of its column that holds the same text: a
+    // long table repeats a few texts many times over.
+    QString cell(QStringView text, int column);
+
+    std::array<std::unordered_map<std::u16string_view, QString>, kChannelCells> seen_;
 
     QList<QStringList> rows_;
     ChannelLine waiting_;  // the line of the last row while a low byte line may follow it
