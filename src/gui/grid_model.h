@@ -6,8 +6,8 @@
 #include <QAbstractTableModel>
 #include <QList>
 #include <QSet>
-#include <QStringList>
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 namespace gui {
