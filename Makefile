@@ -33,7 +33,8 @@ test-asan: deps
 	  UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j $(JOBS)
 
 # Each reader's fuzzer for FUZZ_SECONDS, one after the other; not part of the tests.
-fuzz: deps
+fuzz:
+	@./scripts/install-deps --fuzz
 	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DRIGWRIGHT_FUZZ=ON -DBUILD_TESTING=OFF
 	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target fuzz_fixture_reader fuzz_qxf_reader
