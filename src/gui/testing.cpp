@@ -46,6 +46,13 @@ void DragWithin(QWidget* widget, QPoint from, QPoint to) {
     QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
 }
 
+// QTest's double click sends the double-click event alone; a real one ends with a release.
+void DoubleClickAt(QWidget* widget, QPoint at) {
+    QTest::mouseClick(widget, Qt::LeftButton, {}, at);
+    QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+}
+
 QWidget* FocusWidget() {
     QWidget* focus = QApplication::focusWidget();
     if (!focus) qWarning("No widget has the focus: the keys go nowhere");
@@ -59,11 +66,7 @@ void ClickCell(Grid& grid, int row, int col) {
 }
 
 void DoubleClickCell(Grid& grid, int row, int col) {
-    const QPoint at = CellCentre(grid, row, col);
-    QWidget* viewport = grid.view()->viewport();
-    QTest::mouseClick(viewport, Qt::LeftButton, {}, at);
-    QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
-    QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);  // a real double click ends so
+    DoubleClickAt(grid.view()->viewport(), CellCentre(grid, row, col));
 }
 
 void DragRows(Grid& grid, int fromRow, int toRow, int col) {
@@ -79,10 +82,7 @@ void ClickEmptyArea(Grid& grid) {
 
 void DoubleClickEmptyArea(Grid& grid) {
     QWidget* viewport = grid.view()->viewport();
-    const QPoint at(2, viewport->height() - 2);
-    QTest::mouseClick(viewport, Qt::LeftButton, {}, at);
-    QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
-    QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);
+    DoubleClickAt(viewport, QPoint(2, viewport->height() - 2));
 }
 
 // Where a head or a mark is clicked: the head row's or the mark column's viewport, and the
@@ -231,20 +231,9 @@ QList<QSize> IconSizesOf(Form& form) {
     return form.widget()->windowIcon().availableSizes();
 }
 
-int FontPointsX100(QObject* control) {
-    auto* w = qobject_cast<QWidget*>(control);
-    return w ? qRound(w->font().pointSizeF() * 100) : 0;
-}
-
-}  // namespace gui::testing
-
-namespace gui::testing {
 bool WaitForShown(Form& form) {
     return QTest::qWaitForWindowExposed(form.widget());
 }
-}  // namespace gui::testing
-
-namespace gui::testing {
 
 BareWindow::Application::Application(int& argc, char** argv) : app_(new QApplication(argc, argv)) {}
 
@@ -356,19 +345,9 @@ void WaitUntilPainted(Control& window, const std::function<void()>& painted) {
     RunUntilPainted(window.widget(), painted);
 }
 
-}  // namespace gui::testing
-
-namespace gui::testing {
-
 void ReleaseCell(Grid& grid, int row, int col) {
-    GridView* view = grid.view();
-    const QModelIndex index = grid.model()->index(row - 1, col - 1);
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+    QTest::mouseRelease(grid.view()->viewport(), Qt::LeftButton, {}, CellCentre(grid, row, col));
 }
-
-}  // namespace gui::testing
-
-namespace gui::testing {
 
 void DropFile(Control& onto, const QString& path) {
     QWidget* target = onto.widget();
@@ -386,20 +365,10 @@ bool PlacedByWindowManager(Form& form) {
     return !form.widget()->testAttribute(Qt::WA_Moved);
 }
 
-}  // namespace gui::testing
-
-namespace gui::testing {
-
 void DoubleClickHeadOrMark(Grid& grid, int col, int row) {
     const auto [widget, at] = col > 0 ? HeadAt(grid, col) : MarkAt(grid, row);
-    QTest::mouseClick(widget, Qt::LeftButton, {}, at);
-    QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
-    QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+    DoubleClickAt(widget, at);
 }
-
-}  // namespace gui::testing
-
-namespace gui::testing {
 
 QString Announced(Form& form) {
     QCoreApplication::processEvents();  // announcements are made as the turn ends

@@ -61,11 +61,6 @@ bool HiddenOf(QObject* control);      // its own visible state is off
 // pixel; a null image for a control without one.
 QImage PictureOf(QObject* control, qreal pixelRatio);
 QList<QSize> IconSizesOf(Form& form);  // the sizes the window offers its icon in
-int FontPointsX100(QObject* control);  // font size in hundredths of a point
-
-}  // namespace gui::testing
-
-namespace gui::testing {
 
 // The floor that the form's start is measured against: a plain Qt window holding the same
 // kinds of Qt widgets as the form's controls, as many of each, with Qt's defaults and
@@ -102,34 +97,18 @@ void PaintNow(Control& control);       // renders it in full at once
 // work that the paint itself set going.
 void WaitUntilPainted(Control& window, const std::function<void()>& painted = {});
 
-}  // namespace gui::testing
-
-namespace gui::testing {
-
 // Lets the mouse button go over a cell. QTest's double click sends the double-click event
 // alone; a real mouse follows it with a release, which the grid takes as the end of that
 // double click rather than as a new click.
 void ReleaseCell(Grid& grid, int row, int col);
-
-}  // namespace gui::testing
-
-namespace gui::testing {
 
 // Drags a local file over the middle of `onto` and lets it go there, as from a file manager.
 void DropFile(Control& onto, const QString& path);
 // The window shows where the window manager puts it: no place was given to it.
 bool PlacedByWindowManager(Form& form);
 
-}  // namespace gui::testing
-
-namespace gui::testing {
-
 // A double click on the head of column `col`, or with `col` 0 on the mark of row `row`.
 void DoubleClickHeadOrMark(Grid& grid, int col, int row);
-
-}  // namespace gui::testing
-
-namespace gui::testing {
 
 // What was last said to a screen reader without moving the focus.
 QString Announced(Form& form);

@@ -21,9 +21,8 @@
 
 class TestInput : public FormFixture {
     Q_OBJECT
-    QJsonValue data(const char* name);  // one entry of tests/data/input_tables.json
-    // Adds the rows of one table there: a row's first cell names it, the others are text.
-    void addRows(const char* table);
+    // One entry of tests/data/input_tables.json.
+    static QJsonValue data(const char* name) { return dataEntry("input_tables.json", name); }
 
   private slots:
     void read_data();
@@ -68,20 +67,6 @@ std::unique_ptr<MainForm> Started(const QString& path = {}) {
 }
 
 }  // namespace
-
-QJsonValue TestInput::data(const char* name) {
-    QFile file(dataPath(QStringLiteral("input_tables.json")));
-    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll())[name]
-                                          : QJsonValue();
-}
-
-void TestInput::addRows(const char* table) {
-    QVERIFY(data(table).isArray());
-    for (const QJsonValue& row : data(table).toArray()) {
-        QTestData& added = QTest::newRow(qPrintable(row[0].toString()));
-        for (qsizetype i = 1; i < row.toArray().size(); ++i) added << row[i].toString();
-    }
-}
 
 // Files that are read, and what is read of them: device, manufacturer, model, kind, pan, tilt,
 // patch text, then the rows of the grid with "|" between cells and "/" between rows; files

@@ -123,12 +123,7 @@ bool EditorAccepts(int column, const QString& text) {
 
 // A table of tests/data/qxf_tables.json, by the start of its name.
 QJsonArray Table(const char* name) {
-    QFile file(qEnvironmentVariable("RIGWRIGHT_TEST_DATA") + QStringLiteral("/qxf_tables.json"));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    const QJsonObject tables = QJsonDocument::fromJson(file.readAll()).object();
-    for (auto it = tables.begin(); it != tables.end(); ++it)
-        if (it.key().startsWith(QLatin1String(name) + u':')) return it.value().toArray();
-    return {};
+    return FormFixture::dataEntry("qxf_tables.json", name).toArray();
 }
 
 QString MapError(const QByteArray& bytes, const QString& mode = {}) {

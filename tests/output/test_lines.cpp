@@ -14,13 +14,7 @@
 #include "output_test.h"
 
 void TestOutput::addRows(const char* table) {
-    const QJsonValue rows =
-        QJsonDocument::fromJson(ReadBytes(dataPath("output_tables.json")))[table];
-    QVERIFY(rows.isArray());
-    for (const QJsonValue& row : rows.toArray()) {
-        QTestData& data = QTest::newRow(qPrintable(row[0].toString()));
-        for (qsizetype i = 1; i < row.toArray().size(); ++i) data << row[i].toString();
-    }
+    addTextRows(dataEntry("output_tables.json", table));
 }
 
 void TestOutput::text_data() {
@@ -65,8 +59,7 @@ void TestOutput::text() {
 void TestOutput::randomRows() {
     // What cells are made of: the characters the encoder looks for, number forms at their
     // edges, characters of the code page, beyond it, beyond 16 bits and a lone surrogate.
-    const QJsonValue data =
-        QJsonDocument::fromJson(ReadBytes(dataPath("output_tables.json")))["random cells"];
+    const QJsonValue data = dataEntry("output_tables.json", "random cells");
     const auto list = [&](const char* name) { return data[name].toVariant().toStringList(); };
     const QStringList pieces = list("pieces") << QString(QChar(0xD83D)),
                       wholeNumbers = list("whole numbers"), types = list("channel types");

@@ -1,5 +1,8 @@
 #include "support/form_fixture.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 
 #include "gui/seams.h"
@@ -37,4 +40,19 @@ void FormFixture::goToPage(int index) {
 
 QString FormFixture::dataPath(const QString& file) {
     return qEnvironmentVariable("RIGWRIGHT_TEST_DATA") + u'/' + file;
+}
+
+QJsonValue FormFixture::dataEntry(const QString& file, const QString& name) {
+    const QJsonObject entries = QJsonDocument::fromJson(ReadBytes(dataPath(file))).object();
+    for (auto it = entries.begin(); it != entries.end(); ++it)
+        if (it.key() == name || it.key().startsWith(name + u':')) return it.value();
+    return {};
+}
+
+void FormFixture::addTextRows(const QJsonValue& table) {
+    QVERIFY2(table.isArray(), "no such table");
+    for (const QJsonValue& row : table.toArray()) {
+        QTestData& added = QTest::newRow(qPrintable(row[0].toString()));
+        for (qsizetype i = 1; i < row.toArray().size(); ++i) added << row[i].toString();
+    }
 }

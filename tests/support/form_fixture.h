@@ -2,6 +2,7 @@
 // The base of every GUI test: a fresh form per test, loaded and shown, with the dialog
 // queues checked empty afterwards.
 
+#include <QJsonValue>
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -10,11 +11,17 @@
 
 class FormFixture : public QObject {
     Q_OBJECT
+  public:
+    static QString dataPath(const QString& file);  // a file under tests/data
+    // An entry of a JSON file there, by the start of its name.
+    static QJsonValue dataEntry(const QString& file, const QString& name);
+    // Adds the rows of such a table: a row's first cell names it, the others are text.
+    static void addTextRows(const QJsonValue& table);
+
   protected:
     MainForm& form() { return *form_; }
     QObject* find(const QString& name);
     void goToPage(int index);  // with Next, from the page on show
-    static QString dataPath(const QString& file);
 
   protected slots:
     void init();
