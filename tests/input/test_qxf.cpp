@@ -429,8 +429,11 @@ void TestQxf::convertAndCheck() {
     QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
     QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
     QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
-    QCOMPARE(run({"--convert", "--to", qxf + "/lib", qxf}, &printed, &errors), 1);
-    QCOMPARE(printed + errors, "rigwright: cannot write into " + qxf + "/lib\n");
+    // A file in the folder's place, and a folder where no file can be made, whoever asks.
+    for (const QString& to : {qxf + "/lib", QStringLiteral("/proc")}) {
+        QCOMPARE(run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
+        QCOMPARE(printed + errors, "rigwright: cannot write into " + to + "\n");
+    }
 
     const QString unnamed = dir.filePath("unnamed.R20");
     QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
