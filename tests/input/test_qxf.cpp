@@ -358,16 +358,23 @@ void TestQxf::replaceAsks() {
     const gui::seams::MsgBoxCall question = gui::seams::MsgBoxCalls().back();
     QCOMPARE(question.style, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2);
     QVERIFY(question.text.contains(path));
-    // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once.
+    // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once. A QLC+
+    // fixture that is no XML at all is refused as XML, not as the other kind of file.
     const QString fifo = dir.filePath("fifo.qxf"), huge = dir.filePath("huge.qxf");
     QVERIFY(mkfifo(fifo.toLocal8Bit().constData(), 0600) == 0);
     QFile big(huge);
     QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(100 << 20));
-    for (const QString& bad : {dir.path(), QStringLiteral("/dev/zero"), fifo, huge}) {
+    QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "no fixture\n"));
+    for (const auto& [bad, reason] : {std::pair{dir.path(), "it is a folder"},
+                                      {"/dev/zero", "it is no regular file"},
+                                      {fifo, "it is no regular file"},
+                                      {huge, "it is too large"},
+                                      {dir.filePath("junk.qxf"), "line 1: Start tag expected."}}) {
         gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
         QVERIFY(!OpenFixtureFile(f, bad));
-        QVERIFY(gui::seams::MsgBoxCalls().back().text.startsWith("File " + bad +
-                                                                 " could not be read: "));
+        QVERIFY2(gui::seams::MsgBoxCalls().back().text.startsWith("File " + bad +
+                                                                  " could not be read: " + reason),
+                 qPrintable(gui::seams::MsgBoxCalls().back().text));
         QCOMPARE(f.model.Text(), QStringLiteral("typed"));
     }
 }
