@@ -351,6 +351,13 @@ void TestQxf::replaceAsks() {
     const QString path = dir.filePath("beam.qxf");
     QVERIFY(WriteBytes(path, Qxf("Dim@IntensityDimmer", {"Dim"})));
     MainForm& f = form();
+    // A label typed into the cell editor, not yet stored, is something typed too.
+    goToPage(2);
+    gui::testing::ClickCell(f.table, 1, 7);
+    gui::testing::TypeKeys("xBeam");
+    gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+    QVERIFY(!OpenFixtureFile(f, path));
+    QCOMPARE(f.table.TextMatrix(1, 7), QStringLiteral("Beam"));
     f.model.setText(QStringLiteral("typed"));
     gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
     QVERIFY(!OpenFixtureFile(f, path));
