@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QSet>
+#include <QTemporaryFile>
 #ifdef Q_OS_WIN
 #include <io.h>
 #define isatty _isatty
@@ -45,6 +46,14 @@ QString FileNamePart(const QString& text) {
             c == u'.' || c == u'_')
             kept += c;
     return kept.isEmpty() ? QStringLiteral("_") : kept;
+}
+
+// Whether files can be made in the folder, made first when missing. Only making one tells:
+// the permission bits pass an administrator, yet /proc or a read-only mount refuse every file.
+bool CanMakeFilesIn(const QDir& folder) {
+    if (!QDir().mkpath(folder.path())) return false;
+    QTemporaryFile probe(folder.filePath(QStringLiteral(".rigwright-XXXXXX")));
+    return probe.open();
 }
 
 // Every fixture a file brings: the file itself when it is a written fixture file, each mode
@@ -145,7 +154,7 @@ LibraryStreams LibraryStreams::Standard() {
 
 int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
     const QDir target(line.targetDir);
-    if (!QDir().mkpath(target.path()) || !QFileInfo(target.path()).isWritable()) {
+    if (!CanMakeFilesIn(target)) {
         std::fputs(QStringLiteral("rigwright: cannot write into %1\n")
                        .arg(QDir::toNativeSeparators(line.targetDir))
                        .toLocal8Bit()

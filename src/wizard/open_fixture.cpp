@@ -117,6 +117,9 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
         Refuse(f, path, source.error);
         return false;
     }
+    // A value still in the cell editor is something typed too: stored first, as a click
+    // elsewhere on the grid stores it, so that the question sees it and a No keeps it.
+    if (f.editframe.Visible()) table_Click(f);
     if (PagesHoldData(f)) {
         const int answer = gui::MsgBox(
             QStringLiteral("Replace what the pages hold with the fixture of %1?").arg(path),

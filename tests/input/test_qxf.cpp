@@ -346,6 +346,13 @@ void TestQxf::replaceAsks() {
     const QString path = dir.filePath("beam.qxf");
     QVERIFY(WriteBytes(path, Qxf("Dim@IntensityDimmer", {"Dim"})));
     MainForm& f = form();
+    // A label typed into the cell editor, not yet stored, is something typed too.
+    goToPage(2);
+    gui::testing::ClickCell(f.table, 1, 7);
+    gui::testing::TypeKeys("xBeam");
+    gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+    QVERIFY(!OpenFixtureFile(f, path));
+    QCOMPARE(f.table.TextMatrix(1, 7), QStringLiteral("Beam"));
     f.model.setText(QStringLiteral("typed"));
     gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
     QVERIFY(!OpenFixtureFile(f, path));
@@ -353,16 +360,23 @@ void TestQxf::replaceAsks() {
     const gui::seams::MsgBoxCall question = gui::seams::MsgBoxCalls().back();
     QCOMPARE(question.style, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2);
     QVERIFY(question.text.contains(path));
-    // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once.
+    // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once. A QLC+
+    // fixture that is no XML at all is refused as XML, not as the other kind of file.
     const QString fifo = dir.filePath("fifo.qxf"), huge = dir.filePath("huge.qxf");
     QVERIFY(mkfifo(fifo.toLocal8Bit().constData(), 0600) == 0);
     QFile big(huge);
     QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(100 << 20));
-    for (const QString& bad : {dir.path(), QStringLiteral("/dev/zero"), fifo, huge}) {
+    QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "no fixture\n"));
+    for (const auto& [bad, reason] : {std::pair{dir.path(), "it is a folder"},
+                                      {"/dev/zero", "it is no regular file"},
+                                      {fifo, "it is no regular file"},
+                                      {huge, "it is too large"},
+                                      {dir.filePath("junk.qxf"), "line 1: Start tag expected."}}) {
         gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
         QVERIFY(!OpenFixtureFile(f, bad));
-        QVERIFY(gui::seams::MsgBoxCalls().back().text.startsWith("File " + bad +
-                                                                 " could not be read: "));
+        QVERIFY2(gui::seams::MsgBoxCalls().back().text.startsWith("File " + bad +
+                                                                  " could not be read: " + reason),
+                 qPrintable(gui::seams::MsgBoxCalls().back().text));
         QCOMPARE(f.model.Text(), QStringLiteral("typed"));
     }
 }
@@ -424,8 +438,11 @@ void TestQxf::convertAndCheck() {
     QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
     QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
     QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
-    QCOMPARE(run({"--convert", "--to", qxf + "/lib", qxf}, &printed, &errors), 1);
-    QCOMPARE(printed + errors, "rigwright: cannot write into " + qxf + "/lib\n");
+    // A file in the folder's place, and a folder where no file can be made, whoever asks.
+    for (const QString& to : {qxf + "/lib", QStringLiteral("/proc")}) {
+        QCOMPARE(run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
+        QCOMPARE(printed + errors, "rigwright: cannot write into " + to + "\n");
+    }
 
     const QString unnamed = dir.filePath("unnamed.R20");
     QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
