@@ -88,14 +88,11 @@ void TestRanges::edit_data() {
     const QString mid = "1|0|9|A,%1,#|20|255|C";  // kThree, its middle row 10..19 replaced
     add(kThree, 2, "from", "15", mid.arg("#|10|14|,M|15|19|L"));
     add(kThree, 2, "from", "  15 ", mid.arg("#|10|14|,M|15|19|L"));  // blanks around
-    add(kThree, 2, "from", "10", kThree);
-    add(kThree, 2, "from", "9", kThree);  // the to of the row before
-    add(kThree, 2, "from", "20", kThree);
     add(kThree, 2, "to", "15", mid.arg("M|10|15|L,#|16|19|"));
     add(kThree, 2, "to", "10", mid.arg("M|10|10|L,#|11|19|"));
-    add(kThree, 2, "to", "19", kThree);
-    add(kThree, 2, "to", "20", kThree);  // the from of the row after
-    add(kThree, 2, "to", "9", kThree);
+    // No change: the bound as it stands, one in a neighbour's range, one past the other bound.
+    for (const char* from : {"10", "9", "20"}) add(kThree, 2, "from", from, kThree);
+    for (const char* to : {"19", "20", "9"}) add(kThree, 2, "to", to, kThree);
     // Blanks are spaces: a tab or a no-break space makes the text no plain integer.
     for (const char* typed :
          {"015", "+15", "15.0", "1e1", "15x", "abc", "", "1 5", "-0", "15\t", "\t15", "15\u00a0"})
