@@ -1,13 +1,37 @@
-// The channel table: its commands, each finishing the open edit first; presets; tool tips.
+// The channel table: its commands, each finishing the open edit first; presets; tool tips;
+// and its floating cell editor, driven by keys to the focus and clicks where a mouse lands.
 #include <QAbstractItemModelTester>
+#include <QPoint>
 #include <QTest>
 
 #include "channels/channel_table.h"
+#include "channels/edit_classes.h"
 #include "channels/presets.h"
-#include "channels_test.h"
 #include "gui/testing.h"
+#include "support/form_fixture.h"
 
 using namespace gui::testing;
+
+class TestChannels : public FormFixture {
+    Q_OBJECT
+  private:
+    QStringList bodyRows();  // the channel rows, each as its cells with ";" between them
+    void openCell(int row, int col, const QString& text = {});  // then replaceEntry(text)
+    void replaceEntry(const QString& text);  // select all in the edit box, then type
+
+  private slots:
+    void init();
+    void commands();  // add, delete, the preset panel, Previous and Next
+    void rowCap();
+    void preset_data();
+    void preset();
+    void entry_data();
+    void entry();
+    void clickCommits_data();
+    void clickCommits();
+    void cutCellShowsItsTextInATip_data();
+    void cutCellShowsItsTextInATip();
+};
 
 // Every test starts on the page of the table, its model watched by a QAbstractItemModelTester.
 void TestChannels::init() {
@@ -26,9 +50,10 @@ QStringList TestChannels::bodyRows() {
     return rows;
 }
 
-void TestChannels::openCell(int row, int col) {
+void TestChannels::openCell(int row, int col, const QString& text) {
     DoubleClickCell(form().table, row, col);
     ReleaseCell(form().table, row, col);
+    if (!text.isNull()) replaceEntry(text);
 }
 
 void TestChannels::replaceEntry(const QString& text) {
@@ -46,21 +71,18 @@ void TestChannels::commands() {
     Click(form().add);
     Click(form().add);
     QCOMPARE(bodyRows().mid(1), (QStringList{"2" + QString(14, u';'), "3" + QString(14, u';')}));
-    openCell(1, 7);  // add: the open entry lands in its own cell, then the row is added
-    replaceEntry("first");
+    openCell(1, 7, "first");  // add: the open entry lands in its own cell, then the row is added
     Click(form().add);
     QCOMPARE(table.TextMatrix(1, 7) + table.TextMatrix(4, 0), "first4");
     // delete: the edit of row 3 is finished before row 2 goes, so it moves up with its row.
-    openCell(3, 14);
-    replaceEntry("third");
+    openCell(3, 14, "third");
     table.setRow(2);
     Click(form().delete_);
     QCOMPARE(table.TextMatrix(2, 14) + table.TextMatrix(2, 0), "third3");
     Click(form().add);
     QCOMPARE(table.TextMatrix(3, 0) + table.TextMatrix(4, 0), "44");
     // The preset panel opens beside the edit and leaves it open; a preset commits it first.
-    openCell(1, 1);
-    replaceEntry("7");
+    openCell(1, 1, "7");
     Click(form().adddef);
     QVERIFY(form().defaultsframe.Visible() && form().editframe.Visible());
     QCOMPARE(table.TextMatrix(1, 1), "");
@@ -70,8 +92,7 @@ void TestChannels::commands() {
     Click(form().add);  // after a preset, the mark is the true row index again
     QCOMPARE(table.TextMatrix(5, 0) + table.TextMatrix(6, 0), "#6");
     // Previous leaves the edit open and uncommitted; the Next that comes back commits it.
-    openCell(1, 14);
-    replaceEntry("later");
+    openCell(1, 14, "later");
     Click(form().previous);
     QVERIFY(form().CurrentStep == 1 && table.TextMatrix(1, 14).isEmpty());
     Click(form().nexts);
@@ -111,11 +132,11 @@ void TestChannels::preset_data() {
     add("dmx2 counts like dmx1", {"3;9"}, {0}, {"10;0"});
     add("equal to the candidate", {"1;"}, {0}, {"2;0"});
     add("zero and negatives never count", {"-5;0", "0;-1"}, {0}, {"1;0"});
-    add("leading number of the text", {" 12x;0"}, {0}, {"13;0"});
+    add("leading number of the text, rounded", {" 12.5x;0"}, {0}, {"14;0"});
     add("16 bits take two, then one each", {";0"}, {1, 0, 0}, {"1;2", "3;0", "4;0"});
     add("16 bits past 511", {"511;0"}, {1}, {"512;513"});
     // Every offset a preset takes, a 16-bit low byte too, is a 16-bit value of its own.
-    add("last offset", {"32766;0"}, {0, 0, 1, 6}, {"32767;0"});
+    add("last offset", {"32766;0"}, {1, 0, 0, 6}, {"32767;0"});
     add("16 bits at the last offset", {"32765;0"}, {1, 1}, {"32766;32767"});
     add("three rows or none", {"32765;0"}, {7, 6}, {});
     add("three rows up to the last offset", {"32764;0"}, {7}, {"32765;0", "32766;0", "32767;0"});
@@ -153,7 +174,6 @@ void TestChannels::cutCellShowsItsTextInATip_data() {
     QTest::addColumn<QString>("tip");
     const QString indexed = "INDEXED LTP (not fadeable, such as gobo)";
     QTest::newRow("fadeable type cut") << 0 << 3 << 0 << "FADEABLE LTP";
-    QTest::newRow("indexed type cut") << 4 << 3 << 0 << indexed;
     QTest::newRow("offset fits") << 12 << 1 << 0 << "";
     QTest::newRow("dragged wide enough") << 4 << 3 << 400 << "";
     QTest::newRow("dragged wider, still cut") << 4 << 3 << 20 << indexed;
@@ -173,4 +193,110 @@ void TestChannels::cutCellShowsItsTextInATip() {
     QCOMPARE(ToolTipOfCell(form().table, 1, col), QString());
 }
 
+enum Col { kDmx1 = 1, kDmx2, kKey = 5, kLabel = 7, kRatio = 10, kLocate, kHigh, kLow, kComment };
+
+// By keys alone: a key on the grid opens the editor without being typed; Enter stores the entry.
+void TestChannels::entry_data() {
+    QTest::addColumn<int>("col");
+    QTest::addColumn<QString>("old");
+    QTest::addColumn<int>("pick");  // the list item picked, -1: none
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("expected");
+    struct Row {
+        int col;
+        const char *typed, *expected, *old = "7";
+        int pick = -1;
+    };
+    // clang-format off
+    const Row rows[] = {
+        // Each class at its bounds; rounding goes half to even, and the bounds apply after it.
+        {kDmx1, "3.5", "4"}, {kDmx1, "2.5", "2"}, {kDmx1, "0.5", "7"}, {kDmx1, "511", "511"},
+        {kDmx1, "511.5", "7"}, {kDmx1, "  +12", "12"}, {kDmx2, "-1", "7"}, {kDmx2, "512", "7"},
+        {kKey, "0", "7"}, {kKey, "20", "20"}, {kKey, "21", "7"}, {kKey, "12x", "12"},
+        {kRatio, "-1", "7"}, {kRatio, "100.5", "100"}, {kRatio, "101", "7"}, {kRatio, "050.0", "50"},
+        {kLocate, "-1", "-1"}, {kLocate, "-1.5", "7"}, {kLocate, "-0.4", "0"}, {kLow, "256", "7"},
+        // No leading number gives 0; beyond 16 bits there is no value at all, not even 0.
+        {kDmx1, "abc", "7"}, {kDmx2, "abc", "0"}, {kDmx2, "40000", "7"}, {kHigh, "255", "255"},
+        // Committed at once, as the cell stands (null typed); free text is stored as typed.
+        {kDmx2, nullptr, "0", ""}, {kDmx1, nullptr, "", ""}, {kLocate, nullptr, "-1", "-1"},
+        {kLabel, "  a b  ", "  a b  "}, {kComment, "40000", "40000"},
+        // A choice column stores only a picked item; typing after the pick undoes it.
+        {6, "1> A (left)", "61", "61"}, {4, nullptr, "E>", "E>"}, {4, "x", "E>", "E>", 2},
+        {6, "", "61> B (right)", "1", 1}, {3, "", "INDEXED LTP (not fadeable, such as gobo)", "", 2},
+        {4, "", "0> ---OTHER", "E>", 22}, {8, "", "4 - FD Square", "1", 3},
+        {9, "", "C - inverted", "N", 1}};
+    // clang-format on
+    for (const Row& r : rows)
+        QTest::addRow("col %d, '%s' over '%s'", r.col, r.typed ? r.typed : "-", r.old)
+            << r.col << r.old << r.pick << (r.typed ? r.typed : QString()) << r.expected;
+}
+
+void TestChannels::entry() {
+    QFETCH(int, col);
+    QFETCH(QString, old);
+    QFETCH(int, pick);
+    QFETCH(QString, typed);
+    QFETCH(QString, expected);
+    MainForm& f = form();
+    f.table.setTextMatrix(1, col, old);
+    ClickCell(f.table, 1, col);
+    TypeKeys("9");
+    QTRY_VERIFY(HasFocus(f.editcombo));
+    QCOMPARE(f.editcombo.Text(), old);
+    // The frame stands over its cell, titled by its column.
+    QCOMPARE(f.editframe.Caption(), f.table.TextMatrix(0, col));
+    QCOMPARE(f.editframe.Left(), f.table.Left() + f.table.ColPos(col));
+    QCOMPARE(f.editframe.Top(), f.table.Top() + f.table.RowPos(1));
+    if (pick >= 0) PickItem(f.editcombo, pick);
+    // Into a choice list the text is typed onto the old one or the picked item.
+    if (pick >= 0 || typed.isNull() || channels::EditClassOfColumn(col) == channels::kChoice)
+        TypeKeys(typed);
+    else
+        replaceEntry(typed);
+    PressKey(Qt::Key_Return);
+    QCOMPARE(f.table.TextMatrix(1, col), expected);
+    QVERIFY(!f.editframe.Visible() && HasFocus(f.table));
+    // With no edit open, a click changes no cell, whatever the edit box still holds; the next
+    // key opens the editor again, with no list left over from a choice column.
+    f.editcombo.setText(QStringLiteral("5"));
+    ClickCell(f.table, 1, kComment);
+    QCOMPARE(f.table.TextMatrix(1, col), expected);
+    TypeKeys("x");
+    QTRY_VERIFY(HasFocus(f.editcombo));
+    QCOMPARE(f.editcombo.ListCount(), 0);
+}
+
+// Every click on the grid commits the open edit into its own cell and closes the preset panel.
+// A click on a cell, a head or a mark moves the current cell; a double click opens the editor.
+void TestChannels::clickCommits_data() {
+    QTest::addColumn<QString>("where");
+    for (const char* where : {"cell", "head", "corner", "mark", "empty area",
+                              "double click on a cell", "double click on the empty area"})
+        QTest::newRow(where) << where;
+}
+
+void TestChannels::clickCommits() {
+    QFETCH(QString, where);
+    MainForm& f = form();
+    Click(f.add);
+    openCell(2, kLabel, "abc");
+    Click(f.adddef);
+    const int to = where.contains(u"cell") || where == u"head" ? kComment : kLabel;
+    const int row = where.contains(u"cell") || where == u"mark" ? 1 : 2;
+    if (where == u"cell") ClickCell(f.table, 1, kComment);
+    if (where == u"head") ClickHead(f.table, kComment);
+    if (where == u"corner") ClickHead(f.table, 0);
+    if (where == u"mark") ClickMark(f.table, 1);
+    if (where == u"empty area") ClickEmptyArea(f.table);
+    if (where == u"double click on a cell") openCell(1, kComment);
+    if (where == u"double click on the empty area") DoubleClickEmptyArea(f.table);
+    QCOMPARE(f.table.TextMatrix(2, kLabel) + f.table.TextMatrix(1, kComment), "abc");
+    QCOMPARE(QPoint(f.table.Col(), f.table.Row()), QPoint(to, row));
+    QVERIFY(!f.defaultsframe.Visible());
+    const bool open = where.startsWith(u"double");
+    QCOMPARE(f.editframe.Visible(), open);
+    if (open) QCOMPARE(f.editframe.Tag(), QString::number(f.table.Row() * 15 + to));
+}
+
 RIGWRIGHT_TEST_MAIN(TestChannels)
+#include "test_channels.moc"
