@@ -119,6 +119,22 @@ QAbstractItemModel* ModelOf(Grid& grid) {
     return grid.model();
 }
 
+QStringList RowsOf(const Grid& grid, QChar between) {
+    QStringList rows;
+    for (int r = 1; r < grid.Rows(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < grid.Cols(); ++c) cells << grid.TextMatrix(r, c);
+        rows << cells.join(between);
+    }
+    return rows;
+}
+
+void SetRows(Grid& grid, const QStringList& rows, QChar between) {
+    const int old = grid.Rows() - 1;
+    for (const QString& row : rows) grid.AddItem(QString(row).replace(between, u'\t'));
+    for (int r = 0; r < old; ++r) grid.RemoveItem(1);
+}
+
 QString ToolTipOfCell(Grid& grid, int row, int col) {
     QToolTip::hideText();  // a tip goes after a short delay: wait until the last one has gone
     if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); }))

@@ -30,6 +30,10 @@ void ClickHead(Grid& grid, int col);  // the head of a column; column 0's is the
 void ClickMark(Grid& grid, int row,   // the mark of a row, in the fixed column
                Qt::KeyboardModifiers modifiers = {});
 QAbstractItemModel* ModelOf(Grid& grid);
+// The grid's body rows, each as its cells from the mark on, joined by `between`.
+QStringList RowsOf(const Grid& grid, QChar between);
+// The grid's body becomes `rows`, each given as its cells from the mark on, joined by `between`.
+void SetRows(Grid& grid, const QStringList& rows, QChar between);
 // The mouse rests on a cell until its tool tip comes: the tip's text, empty if none shows.
 QString ToolTipOfCell(Grid& grid, int row, int col);
 // Drags the right border of column `col` in the head row by `pixels` (negative: narrower).

@@ -15,7 +15,6 @@ using namespace gui::testing;
 class TestChannels : public FormFixture {
     Q_OBJECT
   private:
-    QStringList bodyRows();  // the channel rows, each as its cells with ";" between them
     void openCell(int row, int col, const QString& text = {});  // then replaceEntry(text)
     void replaceEntry(const QString& text);  // select all in the edit box, then type
 
@@ -40,16 +39,6 @@ void TestChannels::init() {
     new QAbstractItemModelTester(ModelOf(form().table), ModelOf(form().table));
 }
 
-QStringList TestChannels::bodyRows() {
-    QStringList rows;
-    for (int r = 1; r < form().table.Rows(); ++r) {
-        QStringList cells;
-        for (int c = 0; c < form().table.Cols(); ++c) cells << form().table.TextMatrix(r, c);
-        rows << cells.join(u';');
-    }
-    return rows;
-}
-
 void TestChannels::openCell(int row, int col, const QString& text) {
     DoubleClickCell(form().table, row, col);
     ReleaseCell(form().table, row, col);
@@ -70,7 +59,8 @@ void TestChannels::commands() {
     // A new row holds nothing but its mark: the row count when it was added, after a delete too.
     Click(form().add);
     Click(form().add);
-    QCOMPARE(bodyRows().mid(1), (QStringList{"2" + QString(14, u';'), "3" + QString(14, u';')}));
+    QCOMPARE(RowsOf(form().table, u';').mid(1),
+             (QStringList{"2" + QString(14, u';'), "3" + QString(14, u';')}));
     openCell(1, 7, "first");  // add: the open entry lands in its own cell, then the row is added
     Click(form().add);
     QCOMPARE(table.TextMatrix(1, 7) + table.TextMatrix(4, 0), "first4");
@@ -147,10 +137,9 @@ void TestChannels::preset() {
     QFETCH(QStringList, offsets);
     QFETCH(QList<int>, presets);
     QFETCH(QStringList, added);
-    for (const QString& row : offsets)
-        form().table.AddItem("#\t" + QString(row).replace(u';', u'\t'));
-    form().table.RemoveItem(1);
-    const QStringList before = bodyRows();
+    for (QString& row : offsets) row.prepend(u"#;");
+    SetRows(form().table, offsets, u';');
+    const QStringList before = RowsOf(form().table, u';');
     for (const int i : presets) {
         Click(form().adddef);
         i >= 0 && i < 25 ? Click(form().Command6[i]) : Command6_Click(form(), std::int16_t(i));
@@ -158,7 +147,7 @@ void TestChannels::preset() {
         // The focus goes back where it was, not on to "Next >", which a Space would press.
         if (i >= 0 && i < 25) QCOMPARE(FocusName(), QStringLiteral("adddef"));
     }
-    QStringList got = bodyRows();
+    QStringList got = RowsOf(form().table, u';');
     QCOMPARE(got.mid(0, before.size()), before);  // a preset never fills the rows there were
     got = got.mid(before.size());
     for (int i = 0; i < got.size() && i < added.size(); ++i)

@@ -8,6 +8,7 @@
 
 #include "common/code_page.h"
 #include "common/number.h"
+#include "gui/testing.h"
 #include "output/channel_line.h"
 #include "output/comment_lines.h"
 #include "output/fixture_file.h"
@@ -40,8 +41,7 @@ void TestOutput::text() {
     if (kind == u"bytes") QSKIP("On Windows the file takes the system's ANSI code page");
 #endif
     if (kind.endsWith(u"line")) {
-        form().table.AddItem("#\t" + QString(text).replace(u'|', u'\t'));
-        form().table.RemoveItem(1);
+        gui::testing::SetRows(form().table, {"#|" + text}, u'|');
     }
     const QString none = QStringLiteral("-");
     QCOMPARE(kind == u"token"           ? LeadingToken(text)

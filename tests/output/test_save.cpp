@@ -71,8 +71,7 @@ void TestOutput::wholeFile() {
     f.morecomment.setText(QString(page[5]).replace(QStringLiteral("%1"), f.morecomment.Text()));
     if (page[6] != u"~") f.patchdisplay.setText(page[6]);
     f.dmxchannels.setCaption(page[7]);
-    for (const QString& row : rows.split(u'/')) f.table.AddItem(QString(row).replace(u'|', u'\t'));
-    f.table.RemoveItem(1);
+    gui::testing::SetRows(f.table, rows.split(u'/'), u'|');
     const int count = f.table.Rows();
 
     QTemporaryDir dir;

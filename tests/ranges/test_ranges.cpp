@@ -23,16 +23,12 @@ const QString kThree = QStringLiteral("1|0|9|A,M|10|19|L,#|20|255|C");
 
 // The rows of a range table written as "mark|from|to|label", with commas between rows.
 QString RangeRows(const gui::Grid& range) {
-    QString rows;
-    for (int r = 1; r < range.Rows(); ++r)
-        for (int c = 0; c < 4; ++c) rows += range.TextMatrix(r, c) + (c < 3 ? u'|' : u',');
-    return rows.chopped(1);
+    return gui::testing::RowsOf(range, u'|').join(u',');
 }
 
 void SetRangeRows(MainForm& f, const QString& rows) {
     rclear_Click(f);
-    for (const QString& row : rows.split(u',')) f.range.AddItem(QString(row).replace(u'|', u'\t'));
-    f.range.RemoveItem(1);
+    gui::testing::SetRows(f.range, rows.split(u','), u'|');
 }
 
 // Empty when the rows tile 0..255 and their count is in bounds, else the rows.

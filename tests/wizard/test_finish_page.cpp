@@ -37,14 +37,9 @@ class TestFinishPage : public FormFixture {
     Q_OBJECT
 
     // The table gets exactly these rows.
-    void setRows(const QStringList& rows) {
-        gui::Grid& t = form().table;
-        while (t.Rows() > 2) t.RemoveItem(t.Rows() - 1);
-        for (int r = 0; r < rows.size(); ++r) {
-            if (r > 0) t.AddItem(QStringLiteral("#"));
-            const QStringList cells = rows[r].split(u';');
-            for (int c = 0; c < cells.size(); ++c) t.setTextMatrix(r + 1, c + 1, cells[c]);
-        }
+    void setRows(QStringList rows) {
+        for (QString& row : rows) row.prepend(u"#;");
+        gui::testing::SetRows(form().table, rows, u';');
     }
 
     // Clean general data of a moving head, then "control=text|…"; an option takes 0 or 1.
