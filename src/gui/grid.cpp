@@ -217,8 +217,8 @@ void Grid::RemoveItem(int row) {
     model_->RemoveRow(row);
 }
 
-void Grid::ReplaceRows(const QList<QStringList>& rows) {
-    model_->ReplaceBody(rows);
+void Grid::ReplaceRows(QList<QStringList> rows) {
+    model_->ReplaceBody(std::move(rows));
 }
 
 int Grid::RowPos(int row) const {

@@ -49,7 +49,7 @@ class Grid : public Control {
     // Every row below the fixed row replaced by `rows`, each from column 0, at one stroke: a
     // fixture file read whole fills its table this way, its texts taken as they are (the
     // reader shares equal texts). At least one row must come.
-    void ReplaceRows(const QList<QStringList>& rows);
+    void ReplaceRows(QList<QStringList> rows);
 
     int RowPos(int row) const;  // twips from the grid's top edge to the row's top edge
     int ColPos(int col) const;  // twips from the grid's left edge to the column's left edge

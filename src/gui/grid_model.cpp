@@ -36,16 +36,27 @@ void GridModel::RemoveRow(int row) {
     endRemoveRows();
 }
 
-void GridModel::ReplaceBody(const QList<QStringList>& rows) {
+void GridModel::ReplaceBody(QList<QStringList> rows) {
     beginResetModel();
     const std::size_t cols = static_cast<std::size_t>(cols_);
     cells_.resize(cols);
     cells_.reserve(cols * (static_cast<std::size_t>(rows.size()) + 1));
-    const QString none;
-    // The texts come as a file reader made them, which shares a text with the cell above
-    // where they are equal: they are taken as they are.
-    for (const QStringList& row : rows)
-        for (int col = 0; col < cols_; ++col) cells_.push_back(col < row.size() ? row[col] : none);
+    // The texts come as a file reader made them, which shares a text with every equal cell of
+    // its column: they are taken as they are. A table of thousands of rows is moved, not
+    // copied, when the rows are the model's alone.
+    const bool own = rows.isDetached();
+    for (qsizetype r = 0; r < rows.size(); ++r) {
+        const QStringList& row = std::as_const(rows)[r];
+        const bool take = own && row.isDetached();
+        for (int col = 0; col < cols_; ++col) {
+            if (col >= row.size())
+                cells_.emplace_back();
+            else if (take)
+                cells_.push_back(std::move(rows[r][col]));
+            else
+                cells_.push_back(row[col]);
+        }
+    }
     endResetModel();
 }
 

@@ -33,11 +33,11 @@ void SelectFixtureType(MainForm& f, const input::FixtureFile& file) {
 
 // The file's rows take the place of the table's rows; a file without channel lines leaves
 // one empty row that reaches no line of the file.
-void FillChannelTable(MainForm& f, const input::FixtureFile& file) {
-    if (file.channelRows.isEmpty())
+void FillChannelTable(MainForm& f, QList<QStringList> rows) {
+    if (rows.isEmpty())
         f.table.ReplaceRows({QStringList(QStringLiteral("1"))});
     else
-        f.table.ReplaceRows(file.channelRows);
+        f.table.ReplaceRows(std::move(rows));
 }
 
 // Whether the pages hold anything beyond what the wizard starts with.
@@ -84,25 +84,26 @@ std::optional<int> PickMode(MainForm& f, const QString& path, const input::QxfFi
 
 }  // namespace
 
-void FillFromFixture(MainForm& f, const input::FixtureFile& file) {
+void FillFromFixture(MainForm& f, input::FixtureFile file) {
     f.manifacturer.setText(file.manufacturer);
     f.model.setText(file.model);
     f.nameondesk.setText(file.nameOnDesk);
     SelectFixtureType(f, file);
-    FillChannelTable(f, file);
+    FillChannelTable(f, std::move(file.channelRows));
     f.patchdisplay.setText(file.patchText);
 }
 
-void ShowOpenedFixture(MainForm& f, const input::FixtureFile& file) {
+void ShowOpenedFixture(MainForm& f, input::FixtureFile file) {
     table_Click(f);
-    FillFromFixture(f, file);
+    FillFromFixture(f, std::move(file));
     f.CurrentStep = 0;
     ShowStep(f);
 }
 
 bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
-    const input::FixtureSource source = input::ReadFixtureSource(path);
-    std::optional<input::FixtureFile> file = source.written;
+    input::FixtureSource source = input::ReadFixtureSource(path);
+    const bool written = source.written.has_value();
+    std::optional<input::FixtureFile> file = std::move(source.written);
     if (source.qxf) {
         const std::optional<int> picked = PickMode(f, path, *source.qxf, mode);
         if (!picked) return false;
@@ -126,9 +127,9 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
             gui::kYesNo | gui::kExclamation | gui::kDefaultButton2, f.main.Caption());
         if (answer != gui::kAnswerYes) return false;
     }
-    ShowOpenedFixture(f, *file);
+    ShowOpenedFixture(f, std::move(*file));
     // The first save proposes the file that was opened; a QLC+ fixture is no file to replace.
-    f.OpenedFile = source.written ? QFileInfo(path).absoluteFilePath() : QString();
+    f.OpenedFile = written ? QFileInfo(path).absoluteFilePath() : QString();
     return true;
 }
 

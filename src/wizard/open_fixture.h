@@ -12,11 +12,11 @@ struct FixtureFile;
 
 // Fills the pages from `file`: names, fixture type and degrees, the channel table (whose
 // rows are replaced by the file's rows) and the patch text.
-void FillFromFixture(MainForm& f, const input::FixtureFile& file);
+void FillFromFixture(MainForm& f, input::FixtureFile file);
 
 // Fills the pages from `file` and shows the first page with the buttons as at the start;
 // an open cell edit is finished first, on the table it was opened on.
-void ShowOpenedFixture(MainForm& f, const input::FixtureFile& file);
+void ShowOpenedFixture(MainForm& f, input::FixtureFile file);
 
 // Reads the file at `path` whole and fills the pages from it, then shows the first page as
 // at the start. Of a QLC+ fixture, `mode` picks the mode by name or number; without it a
