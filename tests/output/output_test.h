@@ -14,7 +14,6 @@ class TestOutput : public FormFixture {
   private slots:
     void text_data();
     void text();
-    void randomRows();
     void wholeFile_data();
     void wholeFile();
     void proposedNameAndCancel_data();
