@@ -1,21 +1,15 @@
-// Reading a written fixture file back: the files read and refused, the command line, opening a
-// file at the start, and the round trip: a fixture the wizard wrote, opened again and written
-// again, gives the same bytes but for the comment lines and the line that names the path, date
-// and time.
-#include <QBuffer>
+// Reading a written fixture file back: the files read and refused, and opening a file at the
+// start.
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
-#include <array>
 #include <memory>
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
 #include "gui/testing.h"
 #include "input/fixture_reader.h"
-#include "output/fixture_file.h"
 #include "support/form_fixture.h"
 #include "wizard/start.h"
 
@@ -29,7 +23,6 @@ class TestInput : public FormFixture {
     void read();
     void openAtStart_data();
     void openAtStart();
-    void roundTrip();
 };
 
 namespace {
@@ -43,20 +36,6 @@ QString Shown(MainForm& f) {
     for (int r = 1; r < f.table.Rows(); ++r)
         for (int c = 0; c < 15; ++c) shown += (c ? u'|' : u'/') + f.table.TextMatrix(r, c);
     return shown;
-}
-
-// The file as written from the finish page.
-QByteArray Written(MainForm& f) {
-    while (f.CurrentStep < 3) gui::testing::Click(f.nexts);
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    WriteFixtureFile(f, QStringLiteral("/tmp/any.R20"), file);
-    return file.data();
-}
-
-// The file behind the line with the path, date and time.
-QByteArray Body(const QByteArray& file) {
-    return file.mid(file.indexOf('\n', file.indexOf("\r\n; file ") + 2) + 1);
 }
 
 std::unique_ptr<MainForm> Started(const QString& path = {}) {
@@ -140,61 +119,6 @@ void TestInput::openAtStart() {
     QVERIFY(!f->previous.Enabled());
     QFile file(path);  // read, never written
     QCOMPARE(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), bytes);
-}
-
-// Random fixtures: free text as a user types or pastes it, and for each column of the grid
-// the choices the editor and the presets store ("~" is free text).
-void TestInput::roundTrip() {
-    const QJsonValue choices = data("random fixtures");
-    const auto list = [&](const char* name) { return choices[name].toVariant().toStringList(); };
-    const QStringList texts = list("text"), columns = list("columns"), pans = list("pan"),
-                      tilts = list("tilt"), patchLines = list("patch lines");
-    QRandomGenerator random(20261123);
-    const auto pick = [&](const QStringList& from) { return from[random.bounded(from.size())]; };
-    const auto text = [&](const QStringList& from, int most, const QString& between = {}) {
-        QStringList made;
-        for (int i = random.bounded(5); i > 0; --i) made.append(pick(from));
-        return made.join(between).left(most);
-    };
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("fixture.R20"));
-    for (int table = 0; table < 60; ++table) {
-        const auto first = Started();
-        MainForm& f = *first;
-        f.manifacturer.setText(text(texts, 30));
-        f.model.setText(text(texts, 30));
-        f.nameondesk.setText(text(texts, 11));
-        const int kind = random.bounded(4);  // or none, and pan and tilt by hand
-        if (kind < 3) std::array{&f.mirror, &f.movinghead, &f.otherkind}[kind]->setValue(true);
-        if (kind == 3) f.degreespan.setText(pick(pans));
-        if (kind == 3) f.degreestilt.setText(pick(tilts));
-        for (int i = random.bounded(8); i > 0; --i) {
-            QStringList cells;
-            for (const QString& column : columns)
-                cells.append(column == u"~" ? text(texts, 40) : pick(column.split(u'|')));
-            // Some rows are 16-bit; some have no number in dmx2 and so no line, with or without
-            // an offset that counts for the channels.
-            const int width = random.bounded(10);
-            if (width <= 2) cells[2] = pick({"2", "18", "512"});
-            if (width == 0) cells[1] = cells[2] = QString();
-            if (width == 3) cells[2] = QString();
-            f.table.AddItem(cells[0]);
-            for (int c = 1; c < cells.size(); ++c)
-                f.table.setTextMatrix(f.table.Rows() - 1, c, cells[c]);
-        }
-        if (f.table.Rows() > 2 && random.bounded(2)) f.table.RemoveItem(1);  // the blank first row
-        f.patchdisplay.setText(text(patchLines, -1, QStringLiteral("\r\n")));
-
-        const QByteArray written = Written(f);
-        QVERIFY(Body(written).startsWith("; \r\n; \r\nDEVICE "));
-        QVERIFY(WriteBytes(path, written));
-        const auto second = Started(path);
-        QVERIFY2(gui::seams::MsgBoxCalls().empty(),
-                 qPrintable(gui::seams::MsgBoxCalls().front().text));
-        const QByteArray again = Written(*second);
-        QVERIFY2(Body(again) == Body(written),
-                 qPrintable(QString::fromLatin1(written) + "\n---\n" + QString::fromLatin1(again)));
-    }
 }
 
 RIGWRIGHT_TEST_CLASS(TestInput)
