@@ -120,7 +120,8 @@ MainForm::MainForm() {
     adddef.create(p2, "adddef", {.caption = "add default", .left = 6360, .top = 600, .width = 615, .height = 735, .picture = Pic("adddef.svg")});
     table.create(p2, "table", {.left = 120, .top = 1440, .width = 9255, .height = 4815, .accessibleName = "Channels"}, texts::kTableFormat, gui::ScrollBars::Both);
     editframe.create(p2, "editframe", {.caption = "Frame1", .left = 360, .top = 2520, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
-    editcombo.create(editframe, "editcombo", {.caption = "editcombo", .left = 0, .top = 240, .width = 2175, .height = 315});
+    // The floating editors are named by the column they edit: the first until they first open.
+    editcombo.create(editframe, "editcombo", {.caption = "editcombo", .left = 0, .top = 240, .width = 2175, .height = 315, .accessibleName = "dmx1"});
     defaultsframe.create(p2, "defaultsframe", {.caption = "ADD Default types and settings (dmx will be auto incremented)", .left = 2640, .top = 1320, .width = 6255, .height = 2175, .back = 0xC0C0FF, .visible = false});
     for (const PresetButton& b : kPresetButtons) {
         Command6[b.index].create(defaultsframe, Indexed("Command6", b.index),
@@ -159,7 +160,7 @@ MainForm::MainForm() {
     Image1[2].create(p6, Indexed("Image1", 2), {.left = 6120, .top = 5040, .width = 480, .height = 480, .picture = Pic("arrow_right.svg")});
     rangeslist.create(p6, "rangeslist", {.left = 6600, .top = 240, .width = 2655, .height = 5910, .accessibleName = "Saved range tables"});
     reditframe.create(p6, "reditframe", {.caption = "Frame1", .left = 960, .top = 3360, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
-    redittext.create(reditframe, "redittext", {.caption = "Text1", .left = 0, .top = 240, .width = 2175, .height = 285, .tag = "0"});
+    redittext.create(reditframe, "redittext", {.caption = "Text1", .left = 0, .top = 240, .width = 2175, .height = 285, .tag = "0", .accessibleName = "from"});
     autoframe.create(p6, "autoframe", {.caption = "Split selected range into regular intervals:", .left = 960, .top = 840, .width = 3615, .height = 1815, .back = 0xC0C0FF, .visible = false});
     autolabel.create(autoframe, "autolabel", {.caption = "range", .left = 120, .top = 360, .width = 3375, .height = 255});
     Label33.create(autoframe, "Label33", {.caption = "no. of ranges:", .left = 120, .top = 840, .width = 1095, .height = 255});
