@@ -287,5 +287,5 @@ void TestChannels::clickCommits() {
     if (open) QCOMPARE(f.editframe.Tag(), QString::number(f.table.Row() * 15 + to));
 }
 
-RIGWRIGHT_TEST_MAIN(TestChannels)
+RIGWRIGHT_TEST_CLASS(TestChannels)
 #include "test_channels.moc"

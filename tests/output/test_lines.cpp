@@ -44,4 +44,4 @@ void TestOutput::text() {
              expected);
 }
 
-RIGWRIGHT_TEST_MAIN(TestOutput)
+RIGWRIGHT_TEST_CLASS(TestOutput)

@@ -311,5 +311,5 @@ void TestRanges::colours() {
     QVERIFY(seen.size() > 90000);
 }
 
-RIGWRIGHT_TEST_MAIN(TestRanges)
+RIGWRIGHT_TEST_CLASS(TestRanges)
 #include "test_ranges.moc"

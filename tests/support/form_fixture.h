@@ -5,6 +5,7 @@
 #include <QJsonValue>
 #include <QObject>
 #include <QString>
+#include <QTest>
 #include <memory>
 
 #include "wizard/main_form.h"
@@ -44,21 +45,9 @@ inline QByteArray ReadBytes(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
 }
 
-// Runs a test class inside the program's own application object, so that the widgets of
-// the form can exist, on whatever platform CTest gives (offscreen).
-#include <QTest>
-
-#include "gui/application.h"
-
-#define RIGWRIGHT_TEST_MAIN(TestClass)          \
-    int main(int argc, char** argv) {           \
-        gui::Application app(argc, argv);       \
-        TestClass test;                         \
-        return QTest::qExec(&test, argc, argv); \
-    }
-
-// A test program of several test classes: each file registers its class, and one
-// RIGWRIGHT_TEST_PROGRAM() runs them all in turn.
+// Every test program: each file registers its test class, and the one main of the test
+// support runs them in turn inside the program's own application object, so that the widgets
+// of the form can exist, on whatever platform CTest gives (offscreen).
 #include <functional>
 #include <memory>
 #include <vector>
@@ -77,14 +66,3 @@ struct Register {
 #define RIGWRIGHT_TEST_CLASS(TestClass)                         \
     static const test_support::Register TestClass##_registered{ \
         [] { return std::unique_ptr<QObject>(new TestClass); }};
-
-#define RIGWRIGHT_TEST_PROGRAM()                              \
-    int main(int argc, char** argv) {                         \
-        gui::Application app(argc, argv);                     \
-        int failures = 0;                                     \
-        for (const auto& make : test_support::Registry()) {   \
-            auto test = make();                               \
-            failures += QTest::qExec(test.get(), argc, argv); \
-        }                                                     \
-        return failures;                                      \
-    }

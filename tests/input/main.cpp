@@ -1,3 +1,0 @@
-#include "support/form_fixture.h"
-
-RIGWRIGHT_TEST_PROGRAM()
