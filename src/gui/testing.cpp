@@ -361,10 +361,6 @@ void WaitUntilPainted(Control& window, const std::function<void()>& painted) {
     RunUntilPainted(window.widget(), painted);
 }
 
-void ReleaseCell(Grid& grid, int row, int col) {
-    QTest::mouseRelease(grid.view()->viewport(), Qt::LeftButton, {}, CellCentre(grid, row, col));
-}
-
 void DropFile(Control& onto, const QString& path) {
     QWidget* target = onto.widget();
     const QPoint at = target->rect().center();

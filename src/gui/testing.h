@@ -101,11 +101,6 @@ void PaintNow(Control& control);       // renders it in full at once
 // work that the paint itself set going.
 void WaitUntilPainted(Control& window, const std::function<void()>& painted = {});
 
-// Lets the mouse button go over a cell. QTest's double click sends the double-click event
-// alone; a real mouse follows it with a release, which the grid takes as the end of that
-// double click rather than as a new click.
-void ReleaseCell(Grid& grid, int row, int col);
-
 // Drags a local file over the middle of `onto` and lets it go there, as from a file manager.
 void DropFile(Control& onto, const QString& path);
 // The window shows where the window manager puts it: no place was given to it.

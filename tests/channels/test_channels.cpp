@@ -41,7 +41,6 @@ void TestChannels::init() {
 
 void TestChannels::openCell(int row, int col, const QString& text) {
     DoubleClickCell(form().table, row, col);
-    ReleaseCell(form().table, row, col);
     if (!text.isNull()) replaceEntry(text);
 }
 
