@@ -1,5 +1,6 @@
-// The window as a desktop program: where it opens, the keys that act anywhere in it, and
-// what the first save after an open proposes.
+// The window as a desktop program: where it opens, the keys that act anywhere in it, what the
+// first save after an open proposes, and the marks and heads of both grids as the grid
+// control has them.
 #include <QAccessible>
 #include <QTemporaryDir>
 #include <QTest>
@@ -126,6 +127,40 @@ class TestDesktop : public FormFixture {
         QCOMPARE(calls.size(), std::size_t(2));
         QCOMPARE(calls[0].presetName, QFileInfo(opened).absoluteFilePath());
         QCOMPARE(calls[1].presetName, QStringLiteral("BEAM575.R20"));
+    }
+
+    // Mark 2, then Shift on mark 3: rows 2 to 3 are selected and "merge" joins them.
+    void marksSelectRowsForMerge() {
+        MainForm& f = form();
+        goToPage(6);
+        f.range.setTextMatrix(1, 2, QStringLiteral("9"));
+        f.range.AddItem(QStringLiteral("#\t10\t19\tB"));
+        f.range.AddItem(QStringLiteral("#\t20\t255\tC"));
+        ClickMark(f.range, 2);
+        ClickMark(f.range, 3, Qt::ShiftModifier);
+        QCOMPARE(QPoint(f.range.Row(), f.range.RowSel()), QPoint(2, 3));
+        Click(f.rmerge);
+        QCOMPARE(f.range.Rows(), 3);
+        QCOMPARE(f.range.TextMatrix(2, 2), QStringLiteral("255"));
+    }
+
+    // A double click on a head or a mark opens the editor on the cell it made current.
+    void doubleClickOpensEditor_data() {
+        QTest::addColumn<int>("col");  // a head's column, or 0 for the mark of row 2
+        QTest::addColumn<int>("cell");
+        QTest::newRow("head of column 4") << 4 << 1 * 15 + 4;
+        QTest::newRow("mark of row 2") << 0 << 2 * 15 + 1;
+    }
+    void doubleClickOpensEditor() {
+        QFETCH(int, col);
+        QFETCH(int, cell);
+        MainForm& f = form();
+        goToPage(2);
+        Click(f.add);
+        ClickCell(f.table, 1, 1);
+        DoubleClickHeadOrMark(f.table, col, 2);
+        QVERIFY(f.editframe.Visible());
+        QCOMPARE(f.editframe.Tag().toInt(), cell);
     }
 };
 
