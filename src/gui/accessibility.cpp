@@ -29,7 +29,9 @@ class FrameReader : public QAccessibleWidget {
   public:
     explicit FrameReader(QGroupBox* frame) : QAccessibleWidget(frame, QAccessible::Grouping) {}
     QString text(QAccessible::Text t) const override {
-        if (t == QAccessible::Name) return static_cast<QGroupBox*>(widget())->title().trimmed();
+        // A name given until the first caption comes, then the title without its padding.
+        if (t == QAccessible::Name && widget()->accessibleName().isEmpty())
+            return static_cast<QGroupBox*>(widget())->title().trimmed();
         return QAccessibleWidget::text(t);
     }
 };

@@ -225,6 +225,7 @@ QString Frame::Caption() const {
 }
 void Frame::setCaption(const QString& caption) {
     static_cast<QGroupBox*>(widget_)->setTitle(caption);
+    widget_->setAccessibleName(QString());  // from now on named by its title
     // An input with no label of its own is named by the frame's title. Qt would read the
     // title with its padding, and never tell a screen reader that the name changed with it.
     QList<QWidget*> labelled;

@@ -119,8 +119,8 @@ MainForm::MainForm() {
     delete_.create(p2, "delete", {.caption = "delete line", .left = 5640, .top = 600, .width = 615, .height = 735, .picture = Pic("cross.svg")});
     adddef.create(p2, "adddef", {.caption = "add default", .left = 6360, .top = 600, .width = 615, .height = 735, .picture = Pic("adddef.svg")});
     table.create(p2, "table", {.left = 120, .top = 1440, .width = 9255, .height = 4815, .accessibleName = "Channels"}, texts::kTableFormat, gui::ScrollBars::Both);
-    editframe.create(p2, "editframe", {.caption = "Frame1", .left = 360, .top = 2520, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
     // The floating editors are named by the column they edit: the first until they first open.
+    editframe.create(p2, "editframe", {.caption = "Frame1", .left = 360, .top = 2520, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0", .accessibleName = "dmx1"});
     editcombo.create(editframe, "editcombo", {.caption = "editcombo", .left = 0, .top = 240, .width = 2175, .height = 315, .accessibleName = "dmx1"});
     defaultsframe.create(p2, "defaultsframe", {.caption = "ADD Default types and settings (dmx will be auto incremented)", .left = 2640, .top = 1320, .width = 6255, .height = 2175, .back = 0xC0C0FF, .visible = false});
     for (const PresetButton& b : kPresetButtons) {
@@ -159,7 +159,7 @@ MainForm::MainForm() {
     Command4.create(p6, "Command4", {.caption = "save new", .left = 5160, .top = 4920, .width = 855, .height = 615, .picture = Pic("floppy_spark.svg")});
     Image1[2].create(p6, Indexed("Image1", 2), {.left = 6120, .top = 5040, .width = 480, .height = 480, .picture = Pic("arrow_right.svg")});
     rangeslist.create(p6, "rangeslist", {.left = 6600, .top = 240, .width = 2655, .height = 5910, .accessibleName = "Saved range tables"});
-    reditframe.create(p6, "reditframe", {.caption = "Frame1", .left = 960, .top = 3360, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0"});
+    reditframe.create(p6, "reditframe", {.caption = "Frame1", .left = 960, .top = 3360, .width = 2175, .height = 615, .back = 0xFFFF80, .visible = false, .tag = "0", .accessibleName = "from"});
     redittext.create(reditframe, "redittext", {.caption = "Text1", .left = 0, .top = 240, .width = 2175, .height = 285, .tag = "0", .accessibleName = "from"});
     autoframe.create(p6, "autoframe", {.caption = "Split selected range into regular intervals:", .left = 960, .top = 840, .width = 3615, .height = 1815, .back = 0xC0C0FF, .visible = false});
     autolabel.create(autoframe, "autolabel", {.caption = "range", .left = 120, .top = 360, .width = 3375, .height = 255});
