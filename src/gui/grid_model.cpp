@@ -10,7 +10,13 @@ GridModel::GridModel(int cols, std::vector<Qt::Alignment> alignments)
     cells_.resize(2 * static_cast<std::size_t>(cols));
 }
 
+const QString& GridModel::Cell(int row, int col) const {
+    static const QString kNone;
+    return Inside(row, col) ? cells_[Place(row, col)] : kNone;
+}
+
 void GridModel::SetCell(int row, int col, const QString& text) {
+    if (!Inside(row, col)) return;
     cells_[Place(row, col)] = *texts_.insert(text);
     if (row == 0 && col > 0) {
         emit headerDataChanged(Qt::Horizontal, col - 1, col - 1);

@@ -19,7 +19,8 @@ class GridModel : public QAbstractTableModel {
     // Whole grid, fixed row and column included.
     int Rows() const { return static_cast<int>(cells_.size() / static_cast<std::size_t>(cols_)); }
     int Cols() const { return cols_; }
-    const QString& Cell(int row, int col) const { return cells_[Place(row, col)]; }
+    // A place outside the grid reads as an empty cell and takes no text.
+    const QString& Cell(int row, int col) const;
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);
@@ -35,6 +36,9 @@ class GridModel : public QAbstractTableModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   private:
+    bool Inside(int row, int col) const {
+        return row >= 0 && row < Rows() && col >= 0 && col < cols_;
+    }
     std::size_t Place(int row, int col) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
                static_cast<std::size_t>(col);
