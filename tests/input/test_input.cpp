@@ -13,18 +13,6 @@
 #include "support/form_fixture.h"
 #include "wizard/start.h"
 
-class TestInput : public FormFixture {
-    Q_OBJECT
-    // One entry of tests/data/input_tables.json.
-    static QJsonValue data(const char* name) { return dataEntry("input_tables.json", name); }
-
-  private slots:
-    void read_data();
-    void read();
-    void openAtStart_data();
-    void openAtStart();
-};
-
 namespace {
 
 // What the wizard shows of a fixture: manufacturer, model, name, pan, tilt and patch text with
@@ -47,79 +35,85 @@ std::unique_ptr<MainForm> Started(const QString& path = {}) {
 
 }  // namespace
 
-// Files that are read, and what is read of them: device, manufacturer, model, kind, pan, tilt,
-// patch text, then the rows of the grid with "|" between cells and "/" between rows; files
-// that are refused, and why. A file is written with "{head}" and "{tail}" for those of a file
-// as the writer puts it, and changed by the "from=>to" that follow the expected text.
-void TestInput::read_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("expected");
-    for (const QJsonValue& row : data("files").toArray()) {
-        QString text = row[1]
-                           .toString()
-                           .replace(QStringLiteral("{head}"), data("file head").toString())
-                           .replace(QStringLiteral("{tail}"), data("file tail").toString());
-        for (qsizetype i = 3; i < row.toArray().size(); ++i) {
-            const QStringList change = row[i].toString().split(QStringLiteral("=>"));
-            QVERIFY2(text.contains(change[0]), qPrintable(change[0]));
-            text.replace(change[0], change[1]);
+class TestInput : public FormFixture {
+    Q_OBJECT
+    // One entry of tests/data/input_tables.json.
+    static QJsonValue data(const char* name) { return dataEntry("input_tables.json", name); }
+
+  private slots:
+    // Files that are read, and what is read of them: device, manufacturer, model, kind, pan, tilt,
+    // patch text, then the rows of the grid with "|" between cells and "/" between rows; files
+    // that are refused, and why. A file is written with "{head}" and "{tail}" for those of a file
+    // as the writer puts it, and changed by the "from=>to" that follow the expected text.
+    void read_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("expected");
+        for (const QJsonValue& row : data("files").toArray()) {
+            QString text = row[1]
+                               .toString()
+                               .replace(QStringLiteral("{head}"), data("file head").toString())
+                               .replace(QStringLiteral("{tail}"), data("file tail").toString());
+            for (qsizetype i = 3; i < row.toArray().size(); ++i) {
+                const QStringList change = row[i].toString().split(QStringLiteral("=>"));
+                QVERIFY2(text.contains(change[0]), qPrintable(change[0]));
+                text.replace(change[0], change[1]);
+            }
+            QTest::newRow(qPrintable(row[0].toString())) << text.toLatin1() << row[2].toString();
         }
-        QTest::newRow(qPrintable(row[0].toString())) << text.toLatin1() << row[2].toString();
     }
-}
-
-void TestInput::read() {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, expected);
-    const input::ReadOutcome outcome = input::ReadFixtureBytes(bytes);
-    const input::FixtureFile f = outcome.fixture.value_or(input::FixtureFile());
-    QStringList read = {f.nameOnDesk, f.manufacturer, f.model,     QString::number(f.mirrorKind),
-                        f.pan,        f.tilt,         f.patchText, QString()};
-    for (const QStringList& cells : f.channelRows) read.last() += cells.join(u'|') + u'/';
-    read.last().chop(1);
-    QCOMPARE(outcome.fixture ? read.join(u'|') : outcome.error, expected);
-}
-
-void TestInput::openAtStart_data() {
-    QTest::addColumn<QByteArray>("bytes");  // empty: no file at the path
-    QTest::addColumn<QString>("message");   // behind "File {path} could not be read: "
-    QTest::addColumn<QString>("shown");     // empty: as a wizard started without a file
-    const QString read = "Caf\u00E9|\u20AC 1|Sp\u00E9t|360|a b|hi/";
-    const QByteArray hand = data("hand-typed file").toString().toLatin1();
-    QTest::newRow("hand-typed, no fixture type")
-        << hand << ""
-        << read + "#||0|||||||||0|0|0|/#|2|3|HTP (usually dimmer)|H>|1|1|Dim|1|N|100|0|0|0|";
-    QByteArray none = hand;
-    none.remove(none.indexOf("       1"), none.indexOf("END") - none.indexOf("       1"));
-    QTest::newRow("no channel lines") << none << "" << read + "1||||||||||||||";
-    QTest::newRow("junk") << QByteArray("\x89PNG\r\n") << "line 1: DEVICE expected" << QString();
-    QTest::newRow("no such file") << QByteArray() << "No such file or directory" << QString();
-}
-
-void TestInput::openAtStart() {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, message);
-    QFETCH(QString, shown);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("fixture.R20"));
-    if (!bytes.isEmpty()) QVERIFY(WriteBytes(path, bytes));
-    if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
-    const auto f = Started(path);
-
-    QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(!message.isEmpty()));
-    if (!message.isEmpty()) {
-        const gui::seams::MsgBoxCall& call = gui::seams::MsgBoxCalls().front();
-        QCOMPARE(call.text, "File " + path + " could not be read: " + message);
-        QCOMPARE(call.style, int(gui::kCritical));
-        QCOMPARE(call.title, QStringLiteral("Tolvane - Rigwright"));
+    void read() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, expected);
+        const input::ReadOutcome outcome = input::ReadFixtureBytes(bytes);
+        const input::FixtureFile f = outcome.fixture.value_or(input::FixtureFile());
+        QStringList read = {
+            f.nameOnDesk, f.manufacturer, f.model,     QString::number(f.mirrorKind),
+            f.pan,        f.tilt,         f.patchText, QString()};
+        for (const QStringList& cells : f.channelRows) read.last() += cells.join(u'|') + u'/';
+        read.last().chop(1);
+        QCOMPARE(outcome.fixture ? read.join(u'|') : outcome.error, expected);
     }
-    QCOMPARE(Shown(*f), shown.isEmpty() ? Shown(*Started()) : shown);
-    QCOMPARE(f->CurrentStep, 0);
-    QVERIFY(f->stepf[0].Visible());
-    QVERIFY(!f->previous.Enabled());
-    QFile file(path);  // read, never written
-    QCOMPARE(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), bytes);
-}
+    void openAtStart_data() {
+        QTest::addColumn<QByteArray>("bytes");  // empty: no file at the path
+        QTest::addColumn<QString>("message");   // behind "File {path} could not be read: "
+        QTest::addColumn<QString>("shown");     // empty: as a wizard started without a file
+        const QString read = "Caf\u00E9|\u20AC 1|Sp\u00E9t|360|a b|hi/";
+        const QByteArray hand = data("hand-typed file").toString().toLatin1();
+        QTest::newRow("hand-typed, no fixture type")
+            << hand << ""
+            << read + "#||0|||||||||0|0|0|/#|2|3|HTP (usually dimmer)|H>|1|1|Dim|1|N|100|0|0|0|";
+        QByteArray none = hand;
+        none.remove(none.indexOf("       1"), none.indexOf("END") - none.indexOf("       1"));
+        QTest::newRow("no channel lines") << none << "" << read + "1||||||||||||||";
+        QTest::newRow("junk") << QByteArray("\x89PNG\r\n") << "line 1: DEVICE expected"
+                              << QString();
+        QTest::newRow("no such file") << QByteArray() << "No such file or directory" << QString();
+    }
+    void openAtStart() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, message);
+        QFETCH(QString, shown);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("fixture.R20"));
+        if (!bytes.isEmpty()) QVERIFY(WriteBytes(path, bytes));
+        if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        const auto f = Started(path);
+
+        QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(!message.isEmpty()));
+        if (!message.isEmpty()) {
+            const gui::seams::MsgBoxCall& call = gui::seams::MsgBoxCalls().front();
+            QCOMPARE(call.text, "File " + path + " could not be read: " + message);
+            QCOMPARE(call.style, int(gui::kCritical));
+            QCOMPARE(call.title, QStringLiteral("Tolvane - Rigwright"));
+        }
+        QCOMPARE(Shown(*f), shown.isEmpty() ? Shown(*Started()) : shown);
+        QCOMPARE(f->CurrentStep, 0);
+        QVERIFY(f->stepf[0].Visible());
+        QVERIFY(!f->previous.Enabled());
+        QFile file(path);  // read, never written
+        QCOMPARE(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), bytes);
+    }
+};
 
 RIGWRIGHT_TEST_CLASS(TestInput)
 #include "test_input.moc"

@@ -27,24 +27,6 @@
 #include "wizard/library_commands.h"
 #include "wizard/open_fixture.h"
 
-class TestQxf : public FormFixture {
-    Q_OBJECT
-  private slots:
-    void mapping_data();
-    void mapping();
-    void refused_data();
-    void refused();
-    void namesOnDesk();
-    void installedFixtures();
-    void waysIn_data();
-    void waysIn();
-    void chooser();
-    void replaceAsks();
-    void commandLine_data();
-    void commandLine();
-    void convertAndCheck();
-};
-
 namespace {
 
 // A fixture definition. Channels, "|" between them: "Name@Preset", or "Name#Group#Byte" with
@@ -136,328 +118,326 @@ QString MapError(const QByteArray& bytes, const QString& mode = {}) {
 
 }  // namespace
 
-void TestQxf::mapping_data() {
-    QTest::addColumn<QByteArray>("qxf");
-    QTest::addColumn<QString>("pages");
-    for (const QJsonValue& row : Table("mapping")) {
-        const auto at = [&](int i) { return row[i].toString(); };
-        QTest::newRow(qPrintable(at(0))) << Qxf(at(1), {at(2)}, at(3), at(4), at(5)) << at(6);
+class TestQxf : public FormFixture {
+    Q_OBJECT
+  private slots:
+    void mapping_data() {
+        QTest::addColumn<QByteArray>("qxf");
+        QTest::addColumn<QString>("pages");
+        for (const QJsonValue& row : Table("mapping")) {
+            const auto at = [&](int i) { return row[i].toString(); };
+            QTest::newRow(qPrintable(at(0))) << Qxf(at(1), {at(2)}, at(3), at(4), at(5)) << at(6);
+        }
     }
-}
-
-void TestQxf::mapping() {
-    QFETCH(QByteArray, qxf);
-    QFETCH(QString, pages);
-    const input::QxfOutcome read = input::ReadQxfBytes(qxf);
-    QVERIFY2(read.fixture, qPrintable(read.error));
-    const input::ReadOutcome mapped = input::MapQxfMode(*read.fixture, 0);
-    QVERIFY2(mapped.fixture, qPrintable(mapped.error));
-    QCOMPARE(Summary(*mapped.fixture), pages);
-    // The whole QLC+ name is the comment; the mode's name the first line for the desk.
-    const QStringList& first = mapped.fixture->channelRows.first();
-    QCOMPARE(first[14], read.fixture->modes[0].channels[first[1].toInt() - 1]);
-    QVERIFY(mapped.fixture->patchText.startsWith("Mode 1\r\n\r\nINPUT fixture DMX No.\r\n"));
-}
-
-void TestQxf::refused_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("mode");
-    QTest::addColumn<QString>("error");
-    const QByteArray good = Qxf("Dim@IntensityDimmer", {"Dim", "Dim|Ghost"});
-    QTest::newRow("not XML") << QByteArray("DEVICE X\r\n") << ""
-                             << "line 1: Start tag expected.";
-    QTest::newRow("XML cut short") << good.left(good.indexOf("</Mode>")) << ""
-                                   << "line 11: Premature end of document.";
-    QTest::newRow("other XML") << QByteArray("<?xml version=\"1.0\"?><svg/>") << ""
-                               << "it is no QLC+ fixture definition (its root element is <svg>)";
-    QTest::newRow("no mode") << Qxf("Dim@IntensityDimmer", {}) << ""
-                             << "the fixture has no mode";
-    QTest::newRow("a mode with no channel")
-        << Qxf("Dim@IntensityDimmer", {""}).replace("  <Channel Number=\"0\"></Channel>\n", "")
-        << ""
-        << "the mode \"Mode 1\" has no channel";
-    QTest::newRow("a channel the fixture lacks")
-        << good << "Mode 2"
-        << "the mode \"Mode 2\" names the channel \"Ghost\", which the fixture does not define";
-    QTest::newRow("a mode number too high") << good << "3"
-                                            << "no mode";
-}
-
-void TestQxf::refused() {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, mode);
-    QFETCH(QString, error);
-    QCOMPARE(MapError(bytes, mode), error);
-}
-
-void TestQxf::namesOnDesk() {
-    // Modes of 3, 4 and 3 channels; the model's letters and digits, cut to make room.
-    input::QxfFixture fixture;
-    fixture.model = QStringLiteral("MAC 700 Profile \u00C9");
-    for (const int count : {3, 4, 3}) fixture.modes.append({"m", QStringList(count, "x"), {}, {}});
-    QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PR-3A"));
-    QCOMPARE(input::QxfNameOnDesk(fixture, 1), QStringLiteral("MAC700PRO-4"));
-    QCOMPARE(input::QxfNameOnDesk(fixture, 2), QStringLiteral("MAC700PR-3B"));
-    fixture.modes.resize(1);
-    QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PROFI"));
-}
-
-// Every fixture Debian ships: no well-formed file refused, every mode mapped with one offset
-// per channel, every cell one its column's editor takes, every name within its box; and the
-// file written from the pages, opened again and written again, is the same to the byte.
-void TestQxf::installedFixtures() {
-    const QString folder = QStringLiteral("/usr/share/qlcplus/fixtures");
-    if (!QFileInfo(folder).isDir()) QSKIP("qlcplus-data is not installed");
-    gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
-    const auto written = [&](const input::FixtureFile& fixture) {
-        ShowOpenedFixture(form(), fixture);
-        while (form().CurrentStep < 3) nexts_Click(form());
-        QBuffer file;
-        file.open(QIODevice::WriteOnly);
-        WriteFixtureFile(form(), QStringLiteral("/lib/F.R20"), file);
-        return file.data();
-    };
-    int files = 0, modes = 0;
-    QDirIterator it(folder, {QStringLiteral("*.qxf")}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        const input::FixtureSource source = input::ReadFixtureSource(path);
-        QVERIFY2(source.qxf, qPrintable(path + ": " + source.error));
-        ++files;
-        QSet<QString> names;
-        for (int m = 0; m < source.qxf->modes.size(); ++m, ++modes) {
-            const input::ReadOutcome mapped = input::MapQxfMode(*source.qxf, m);
-            const QString where = path + " mode " + QString::number(m + 1);
-            QVERIFY2(mapped.fixture, qPrintable(where + ": " + mapped.error));
-            const input::FixtureFile& f = *mapped.fixture;
-            QSet<int> offsets;
-            for (const QStringList& row : f.channelRows) {
-                for (int column = 1; column < 15; ++column)
-                    QVERIFY2(EditorAccepts(column, row[column]),
-                             qPrintable(where + ": " + row.join(u'|')));
-                offsets << row[1].toInt();
-                if (row[2] != u"0") offsets << row[2].toInt();
+    void mapping() {
+        QFETCH(QByteArray, qxf);
+        QFETCH(QString, pages);
+        const input::QxfOutcome read = input::ReadQxfBytes(qxf);
+        QVERIFY2(read.fixture, qPrintable(read.error));
+        const input::ReadOutcome mapped = input::MapQxfMode(*read.fixture, 0);
+        QVERIFY2(mapped.fixture, qPrintable(mapped.error));
+        QCOMPARE(Summary(*mapped.fixture), pages);
+        // The whole QLC+ name is the comment; the mode's name the first line for the desk.
+        const QStringList& first = mapped.fixture->channelRows.first();
+        QCOMPARE(first[14], read.fixture->modes[0].channels[first[1].toInt() - 1]);
+        QVERIFY(mapped.fixture->patchText.startsWith("Mode 1\r\n\r\nINPUT fixture DMX No.\r\n"));
+    }
+    void refused_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("mode");
+        QTest::addColumn<QString>("error");
+        const QByteArray good = Qxf("Dim@IntensityDimmer", {"Dim", "Dim|Ghost"});
+        QTest::newRow("not XML") << QByteArray("DEVICE X\r\n") << ""
+                                 << "line 1: Start tag expected.";
+        QTest::newRow("XML cut short") << good.left(good.indexOf("</Mode>")) << ""
+                                       << "line 11: Premature end of document.";
+        QTest::newRow("other XML")
+            << QByteArray("<?xml version=\"1.0\"?><svg/>") << ""
+            << "it is no QLC+ fixture definition (its root element is <svg>)";
+        QTest::newRow("no mode") << Qxf("Dim@IntensityDimmer", {}) << ""
+                                 << "the fixture has no mode";
+        QTest::newRow("a mode with no channel")
+            << Qxf("Dim@IntensityDimmer", {""}).replace("  <Channel Number=\"0\"></Channel>\n", "")
+            << ""
+            << "the mode \"Mode 1\" has no channel";
+        QTest::newRow("a channel the fixture lacks")
+            << good << "Mode 2"
+            << "the mode \"Mode 2\" names the channel \"Ghost\", which the fixture does not define";
+        QTest::newRow("a mode number too high") << good << "3"
+                                                << "no mode";
+    }
+    void refused() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, mode);
+        QFETCH(QString, error);
+        QCOMPARE(MapError(bytes, mode), error);
+    }
+    void namesOnDesk() {
+        // Modes of 3, 4 and 3 channels; the model's letters and digits, cut to make room.
+        input::QxfFixture fixture;
+        fixture.model = QStringLiteral("MAC 700 Profile \u00C9");
+        for (const int count : {3, 4, 3})
+            fixture.modes.append({"m", QStringList(count, "x"), {}, {}});
+        QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PR-3A"));
+        QCOMPARE(input::QxfNameOnDesk(fixture, 1), QStringLiteral("MAC700PRO-4"));
+        QCOMPARE(input::QxfNameOnDesk(fixture, 2), QStringLiteral("MAC700PR-3B"));
+        fixture.modes.resize(1);
+        QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PROFI"));
+    }
+    // Every fixture Debian ships: no well-formed file refused, every mode mapped with one offset
+    // per channel, every cell one its column's editor takes, every name within its box; and the
+    // file written from the pages, opened again and written again, is the same to the byte.
+    void installedFixtures() {
+        const QString folder = QStringLiteral("/usr/share/qlcplus/fixtures");
+        if (!QFileInfo(folder).isDir()) QSKIP("qlcplus-data is not installed");
+        gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
+        const auto written = [&](const input::FixtureFile& fixture) {
+            ShowOpenedFixture(form(), fixture);
+            while (form().CurrentStep < 3) nexts_Click(form());
+            QBuffer file;
+            file.open(QIODevice::WriteOnly);
+            WriteFixtureFile(form(), QStringLiteral("/lib/F.R20"), file);
+            return file.data();
+        };
+        int files = 0, modes = 0;
+        QDirIterator it(folder, {QStringLiteral("*.qxf")}, QDir::Files,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString path = it.next();
+            const input::FixtureSource source = input::ReadFixtureSource(path);
+            QVERIFY2(source.qxf, qPrintable(path + ": " + source.error));
+            ++files;
+            QSet<QString> names;
+            for (int m = 0; m < source.qxf->modes.size(); ++m, ++modes) {
+                const input::ReadOutcome mapped = input::MapQxfMode(*source.qxf, m);
+                const QString where = path + " mode " + QString::number(m + 1);
+                QVERIFY2(mapped.fixture, qPrintable(where + ": " + mapped.error));
+                const input::FixtureFile& f = *mapped.fixture;
+                QSet<int> offsets;
+                for (const QStringList& row : f.channelRows) {
+                    for (int column = 1; column < 15; ++column)
+                        QVERIFY2(EditorAccepts(column, row[column]),
+                                 qPrintable(where + ": " + row.join(u'|')));
+                    offsets << row[1].toInt();
+                    if (row[2] != u"0") offsets << row[2].toInt();
+                }
+                QCOMPARE(offsets.size(), source.qxf->modes[m].channels.size());
+                QCOMPARE(*std::max_element(offsets.cbegin(), offsets.cend()), offsets.size());
+                QVERIFY(f.manufacturer.size() <= 30 && f.model.size() <= 30);
+                QVERIFY(!f.nameOnDesk.isEmpty() && f.nameOnDesk.size() <= 11);
+                QVERIFY2(!names.contains(f.nameOnDesk), qPrintable(where + ": " + f.nameOnDesk));
+                names << f.nameOnDesk;
+                const QByteArray first = written(f);
+                const input::ReadOutcome again = input::ReadFixtureBytes(first);
+                QVERIFY2(again.fixture, qPrintable(where + ": " + again.error));
+                QVERIFY2(written(*again.fixture) == first, qPrintable(where));
             }
-            QCOMPARE(offsets.size(), source.qxf->modes[m].channels.size());
-            QCOMPARE(*std::max_element(offsets.cbegin(), offsets.cend()), offsets.size());
-            QVERIFY(f.manufacturer.size() <= 30 && f.model.size() <= 30);
-            QVERIFY(!f.nameOnDesk.isEmpty() && f.nameOnDesk.size() <= 11);
-            QVERIFY2(!names.contains(f.nameOnDesk), qPrintable(where + ": " + f.nameOnDesk));
-            names << f.nameOnDesk;
-            const QByteArray first = written(f);
-            const input::ReadOutcome again = input::ReadFixtureBytes(first);
-            QVERIFY2(again.fixture, qPrintable(where + ": " + again.error));
-            QVERIFY2(written(*again.fixture) == first, qPrintable(where));
         }
+        QVERIFY(files > 1000 && modes > 3000);
     }
-    QVERIFY(files > 1000 && modes > 3000);
-}
-
-// Every way in reaches the same open: the pages fill and Step 1 shows as at the start.
-void TestQxf::waysIn_data() {
-    QTest::addColumn<QString>("way");
-    for (const char* way : {"Open button by keys", "Ctrl+O on the grid", "dropped on the grid"})
-        QTest::newRow(way) << way;
-}
-
-void TestQxf::waysIn() {
-    using namespace gui::testing;
-    QFETCH(QString, way);
-    QTemporaryDir dir;
-    const QString path = dir.filePath("beam.qxf");
-    QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Pan|Dim"})));
-    MainForm& f = form();
-    goToPage(2);
-    if (way == u"Open button by keys") {
-        goToPage(0);
-        Click(f.otherkind);
-        PressKey(Qt::Key_Tab);  // the button stands last in the page's tab order
-        QCOMPARE(FocusName(), QStringLiteral("openfixture"));
-        gui::seams::QueueOpenAnswer(path);
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerYes);  // the kind chosen is something typed
-        PressKey(Qt::Key_Space);
-    } else if (way == u"Ctrl+O on the grid") {
-        ClickCell(f.table, 1, 3);
-        gui::seams::QueueOpenAnswer(path);
-        PressKey(Qt::Key_O, Qt::ControlModifier);
-    } else {
-        DropFile(f.table, path);
+    // Every way in reaches the same open: the pages fill and Step 1 shows as at the start.
+    void waysIn_data() {
+        QTest::addColumn<QString>("way");
+        for (const char* way : {"Open button by keys", "Ctrl+O on the grid", "dropped on the grid"})
+            QTest::newRow(way) << way;
     }
-    QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
-    QCOMPARE(f.table.Rows(), 3);
-    QCOMPARE(f.table.TextMatrix(2, 7), QStringLiteral("Dimmer"));
-    QCOMPARE(f.CurrentStep, 0);
-    QVERIFY(f.stepf[0].Visible() && !f.previous.Enabled() && f.nexts.Enabled());
-    QVERIFY(f.movinghead.Value());
-    if (way != u"dropped on the grid") {
-        const auto& call = gui::seams::OpenDialogCalls().back();
-        QCOMPARE(call.filters,
-                 QStringList({"Fixture definitions (*.R20 *.r20)", "QLC+ fixtures (*.qxf)"}));
-        QString start;  // QLC+'s folders, the user's own first
-        for (const QString& folder :
-             {QDir::homePath() + "/.qlcplus/fixtures", QString("/usr/share/qlcplus/fixtures")})
-            if (start.isEmpty() && QFileInfo(folder).isDir()) start = folder;
-        QCOMPARE(call.initDir, start);
-        QCOMPARE(call.selectedFilter, start.isEmpty() ? QString() : call.filters.last());
-    }
-    // A file dropped on a text box is opened, not pasted into the box.
-    gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
-    DropFile(f.manifacturer, dir.filePath("none.qxf"));
-    QVERIFY(gui::seams::MsgBoxCalls().back().text.endsWith(
-        "none.qxf could not be read: No such file or directory"));
-    QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
-}
-
-// Keys alone: the list of modes comes up named and titled, the first line selected; Escape
-// leaves the pages as they were, Down and Enter pick the second mode.
-void TestQxf::chooser() {
-    using namespace gui::testing;
-    QTemporaryDir dir;
-    const QString path = dir.filePath("beam.qxf");
-    QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim"})));
-    MainForm& f = form();
-    QString title, name, lines;
-    for (const bool pick : {false, true}) {
-        QTimer::singleShot(0, [&] {
-            title = CaptionOf(ActiveDialog());
-            QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
-                ActiveDialog()->findChild<QObject*>("choices"));
-            name = list->text(QAccessible::Name);
-            lines.clear();
-            for (int i = 0; i < list->childCount(); ++i)
-                lines += list->child(i)->text(QAccessible::Name) +
-                         (list->child(i)->state().selected ? "*" : "") + u';';
-            if (pick) PressKey(Qt::Key_Down);
-            PressKey(pick ? Qt::Key_Return : Qt::Key_Escape);
-        });
-        QCOMPARE(OpenFixtureFile(f, path), pick);
-        QCOMPARE(title, QStringLiteral("Lumenfab Beam 575"));
-        QCOMPARE(name, QStringLiteral("Modes"));
-        QCOMPARE(lines, QStringLiteral("Mode 1 (1 channel)*;Mode 2 (2 channels);"));
-        QCOMPARE(f.table.Rows(), pick ? 3 : 2);
-    }
-    QCOMPARE(f.nameondesk.Text(), QStringLiteral("BEAM575-2"));
-}
-
-// Pages that hold something typed are replaced only after a Yes; No is the default. A file
-// that cannot be read leaves them as they were and says why.
-void TestQxf::replaceAsks() {
-    QTemporaryDir dir;
-    const QString path = dir.filePath("beam.qxf");
-    QVERIFY(WriteBytes(path, Qxf("Dim@IntensityDimmer", {"Dim"})));
-    MainForm& f = form();
-    // A label typed into the cell editor, not yet stored, is something typed too.
-    goToPage(2);
-    gui::testing::ClickCell(f.table, 1, 7);
-    gui::testing::TypeKeys("xBeam");
-    gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
-    QVERIFY(!OpenFixtureFile(f, path));
-    QCOMPARE(f.table.TextMatrix(1, 7), QStringLiteral("Beam"));
-    f.model.setText(QStringLiteral("typed"));
-    gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
-    QVERIFY(!OpenFixtureFile(f, path));
-    QCOMPARE(f.model.Text(), QStringLiteral("typed"));
-    const gui::seams::MsgBoxCall question = gui::seams::MsgBoxCalls().back();
-    QCOMPARE(question.style, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2);
-    QVERIFY(question.text.contains(path));
-    // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once. A QLC+
-    // fixture that is no XML at all is refused as XML, not as the other kind of file.
-    const QString fifo = dir.filePath("fifo.qxf"), huge = dir.filePath("huge.qxf");
-    QVERIFY(mkfifo(fifo.toLocal8Bit().constData(), 0600) == 0);
-    QFile big(huge);
-    QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(100 << 20));
-    QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "no fixture\n"));
-    for (const auto& [bad, reason] : {std::pair{dir.path(), "it is a folder"},
-                                      {"/dev/zero", "it is no regular file"},
-                                      {fifo, "it is no regular file"},
-                                      {huge, "it is too large"},
-                                      {dir.filePath("junk.qxf"), "line 1: Start tag expected."}}) {
+    void waysIn() {
+        using namespace gui::testing;
+        QFETCH(QString, way);
+        QTemporaryDir dir;
+        const QString path = dir.filePath("beam.qxf");
+        QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Pan|Dim"})));
+        MainForm& f = form();
+        goToPage(2);
+        if (way == u"Open button by keys") {
+            goToPage(0);
+            Click(f.otherkind);
+            PressKey(Qt::Key_Tab);  // the button stands last in the page's tab order
+            QCOMPARE(FocusName(), QStringLiteral("openfixture"));
+            gui::seams::QueueOpenAnswer(path);
+            gui::seams::QueueMsgBoxAnswer(gui::kAnswerYes);  // the kind chosen is something typed
+            PressKey(Qt::Key_Space);
+        } else if (way == u"Ctrl+O on the grid") {
+            ClickCell(f.table, 1, 3);
+            gui::seams::QueueOpenAnswer(path);
+            PressKey(Qt::Key_O, Qt::ControlModifier);
+        } else {
+            DropFile(f.table, path);
+        }
+        QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
+        QCOMPARE(f.table.Rows(), 3);
+        QCOMPARE(f.table.TextMatrix(2, 7), QStringLiteral("Dimmer"));
+        QCOMPARE(f.CurrentStep, 0);
+        QVERIFY(f.stepf[0].Visible() && !f.previous.Enabled() && f.nexts.Enabled());
+        QVERIFY(f.movinghead.Value());
+        if (way != u"dropped on the grid") {
+            const auto& call = gui::seams::OpenDialogCalls().back();
+            QCOMPARE(call.filters,
+                     QStringList({"Fixture definitions (*.R20 *.r20)", "QLC+ fixtures (*.qxf)"}));
+            QString start;  // QLC+'s folders, the user's own first
+            for (const QString& folder :
+                 {QDir::homePath() + "/.qlcplus/fixtures", QString("/usr/share/qlcplus/fixtures")})
+                if (start.isEmpty() && QFileInfo(folder).isDir()) start = folder;
+            QCOMPARE(call.initDir, start);
+            QCOMPARE(call.selectedFilter, start.isEmpty() ? QString() : call.filters.last());
+        }
+        // A file dropped on a text box is opened, not pasted into the box.
         gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
-        QVERIFY(!OpenFixtureFile(f, bad));
-        QVERIFY2(gui::seams::MsgBoxCalls().back().text.startsWith("File " + bad +
-                                                                  " could not be read: " + reason),
-                 qPrintable(gui::seams::MsgBoxCalls().back().text));
-        QCOMPARE(f.model.Text(), QStringLiteral("typed"));
+        DropFile(f.manifacturer, dir.filePath("none.qxf"));
+        QVERIFY(gui::seams::MsgBoxCalls().back().text.endsWith(
+            "none.qxf could not be read: No such file or directory"));
+        QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
     }
-}
-
-void TestQxf::commandLine_data() {
-    QTest::addColumn<QString>("arguments");  // "|" between them
-    QTest::addColumn<QString>("parsed");     // action, files, mode, folder, force; or the mistake
-    for (const QJsonValue& row : Table("command lines"))
-        QTest::newRow(qPrintable(row[0].toString())) << row[1].toString() << row[2].toString();
-}
-
-void TestQxf::commandLine() {
-    QFETCH(QString, arguments);
-    QFETCH(QString, parsed);
-    const input::CommandLine l = input::ParseCommandLine(arguments.split(u'|', Qt::SkipEmptyParts));
-    const QString got = l.action == input::CommandLine::Action::kMistake
-                            ? l.error
-                            : QStringLiteral("%1 %2 %3 %4 %5")
-                                  .arg(int(l.action))
-                                  .arg(l.files.join(u','), l.mode, l.targetDir)
-                                  .arg(int(l.force));
-    QCOMPARE(got, parsed);
-}
-
-// One writer, one check: a mode converted on the command line is, but for the date and time,
-// the file Finished writes after opening it; the check says what Step 4 says.
-void TestQxf::convertAndCheck() {
-    QTemporaryDir dir;
-    const QString qxf = dir.filePath("beam.qxf");
-    QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer|Dim 2@IntensityDimmer",
-                                {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim"})));
-    QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "<?xml version='1.0'?><FixtureDefinition>"));
-    const QString out = dir.filePath("lib");
-    gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
-    auto run = [&](const QStringList& arguments, QString* printed = nullptr,
-                   QString* errors = nullptr) {
-        std::FILE* o = std::tmpfile();
-        std::FILE* e = std::tmpfile();
-        const input::CommandLine line = input::ParseCommandLine(arguments);
-        const LibraryStreams streams{o, e, false};
-        const int code = line.action == input::CommandLine::Action::kCheck
-                             ? CheckFixtures(line, streams)
-                             : ConvertFixtures(line, streams);
-        for (auto [file, text] : {std::pair{o, printed}, std::pair{e, errors}}) {
-            std::rewind(file);
-            QByteArray bytes(4096, '\0');
-            bytes.resize(qsizetype(std::fread(bytes.data(), 1, bytes.size(), file)));
-            if (text) *text = QString::fromLocal8Bit(bytes);
-            std::fclose(file);
+    // Keys alone: the list of modes comes up named and titled, the first line selected; Escape
+    // leaves the pages as they were, Down and Enter pick the second mode.
+    void chooser() {
+        using namespace gui::testing;
+        QTemporaryDir dir;
+        const QString path = dir.filePath("beam.qxf");
+        QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim"})));
+        MainForm& f = form();
+        QString title, name, lines;
+        for (const bool pick : {false, true}) {
+            QTimer::singleShot(0, [&] {
+                title = CaptionOf(ActiveDialog());
+                QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
+                    ActiveDialog()->findChild<QObject*>("choices"));
+                name = list->text(QAccessible::Name);
+                lines.clear();
+                for (int i = 0; i < list->childCount(); ++i)
+                    lines += list->child(i)->text(QAccessible::Name) +
+                             (list->child(i)->state().selected ? "*" : "") + u';';
+                if (pick) PressKey(Qt::Key_Down);
+                PressKey(pick ? Qt::Key_Return : Qt::Key_Escape);
+            });
+            QCOMPARE(OpenFixtureFile(f, path), pick);
+            QCOMPARE(title, QStringLiteral("Lumenfab Beam 575"));
+            QCOMPARE(name, QStringLiteral("Modes"));
+            QCOMPARE(lines, QStringLiteral("Mode 1 (1 channel)*;Mode 2 (2 channels);"));
+            QCOMPARE(f.table.Rows(), pick ? 3 : 2);
         }
-        return code;
-    };
-    QString printed, errors;
-    QCOMPARE(run({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")}, &printed, &errors), 1);
-    const QString first = out + "/Lumenfab-Beam575-Mode1.R20";
-    QCOMPARE(printed, first + "\n" + out + "/Lumenfab-Beam575-Mode2.R20\n" + out +
-                          "/Lumenfab-Beam575-Mode3.R20\n");
-    QCOMPARE(errors, dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
-    QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
-    QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
-    QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
-    // A file in the folder's place, and a folder where no file can be made, whoever asks.
-    for (const QString& to : {qxf + "/lib", QStringLiteral("/proc")}) {
-        QCOMPARE(run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
-        QCOMPARE(printed + errors, "rigwright: cannot write into " + to + "\n");
+        QCOMPARE(f.nameondesk.Text(), QStringLiteral("BEAM575-2"));
     }
+    // Pages that hold something typed are replaced only after a Yes; No is the default. A file
+    // that cannot be read leaves them as they were and says why.
+    void replaceAsks() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("beam.qxf");
+        QVERIFY(WriteBytes(path, Qxf("Dim@IntensityDimmer", {"Dim"})));
+        MainForm& f = form();
+        // A label typed into the cell editor, not yet stored, is something typed too.
+        goToPage(2);
+        gui::testing::ClickCell(f.table, 1, 7);
+        gui::testing::TypeKeys("xBeam");
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        QVERIFY(!OpenFixtureFile(f, path));
+        QCOMPARE(f.table.TextMatrix(1, 7), QStringLiteral("Beam"));
+        f.model.setText(QStringLiteral("typed"));
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        QVERIFY(!OpenFixtureFile(f, path));
+        QCOMPARE(f.model.Text(), QStringLiteral("typed"));
+        const gui::seams::MsgBoxCall question = gui::seams::MsgBoxCalls().back();
+        QCOMPARE(question.style, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2);
+        QVERIFY(question.text.contains(path));
+        // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once. A QLC+
+        // fixture that is no XML at all is refused as XML, not as the other kind of file.
+        const QString fifo = dir.filePath("fifo.qxf"), huge = dir.filePath("huge.qxf");
+        QVERIFY(mkfifo(fifo.toLocal8Bit().constData(), 0600) == 0);
+        QFile big(huge);
+        QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(100 << 20));
+        QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "no fixture\n"));
+        for (const auto& [bad, reason] :
+             {std::pair{dir.path(), "it is a folder"},
+              {"/dev/zero", "it is no regular file"},
+              {fifo, "it is no regular file"},
+              {huge, "it is too large"},
+              {dir.filePath("junk.qxf"), "line 1: Start tag expected."}}) {
+            gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+            QVERIFY(!OpenFixtureFile(f, bad));
+            QVERIFY2(gui::seams::MsgBoxCalls().back().text.startsWith(
+                         "File " + bad + " could not be read: " + reason),
+                     qPrintable(gui::seams::MsgBoxCalls().back().text));
+            QCOMPARE(f.model.Text(), QStringLiteral("typed"));
+        }
+    }
+    void commandLine_data() {
+        QTest::addColumn<QString>("arguments");  // "|" between them
+        QTest::addColumn<QString>("parsed");  // action, files, mode, folder, force; or the mistake
+        for (const QJsonValue& row : Table("command lines"))
+            QTest::newRow(qPrintable(row[0].toString())) << row[1].toString() << row[2].toString();
+    }
+    void commandLine() {
+        QFETCH(QString, arguments);
+        QFETCH(QString, parsed);
+        const input::CommandLine l =
+            input::ParseCommandLine(arguments.split(u'|', Qt::SkipEmptyParts));
+        const QString got = l.action == input::CommandLine::Action::kMistake
+                                ? l.error
+                                : QStringLiteral("%1 %2 %3 %4 %5")
+                                      .arg(int(l.action))
+                                      .arg(l.files.join(u','), l.mode, l.targetDir)
+                                      .arg(int(l.force));
+        QCOMPARE(got, parsed);
+    }
+    // One writer, one check: a mode converted on the command line is, but for the date and time,
+    // the file Finished writes after opening it; the check says what Step 4 says.
+    void convertAndCheck() {
+        QTemporaryDir dir;
+        const QString qxf = dir.filePath("beam.qxf");
+        QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer|Dim 2@IntensityDimmer",
+                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim"})));
+        QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "<?xml version='1.0'?><FixtureDefinition>"));
+        const QString out = dir.filePath("lib");
+        gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
+        auto run = [&](const QStringList& arguments, QString* printed = nullptr,
+                       QString* errors = nullptr) {
+            std::FILE* o = std::tmpfile();
+            std::FILE* e = std::tmpfile();
+            const input::CommandLine line = input::ParseCommandLine(arguments);
+            const LibraryStreams streams{o, e, false};
+            const int code = line.action == input::CommandLine::Action::kCheck
+                                 ? CheckFixtures(line, streams)
+                                 : ConvertFixtures(line, streams);
+            for (auto [file, text] : {std::pair{o, printed}, std::pair{e, errors}}) {
+                std::rewind(file);
+                QByteArray bytes(4096, '\0');
+                bytes.resize(qsizetype(std::fread(bytes.data(), 1, bytes.size(), file)));
+                if (text) *text = QString::fromLocal8Bit(bytes);
+                std::fclose(file);
+            }
+            return code;
+        };
+        QString printed, errors;
+        QCOMPARE(run({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")}, &printed, &errors),
+                 1);
+        const QString first = out + "/Lumenfab-Beam575-Mode1.R20";
+        QCOMPARE(printed, first + "\n" + out + "/Lumenfab-Beam575-Mode2.R20\n" + out +
+                              "/Lumenfab-Beam575-Mode3.R20\n");
+        QCOMPARE(errors, dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
+        QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
+        QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
+        QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
+        // A file in the folder's place, and a folder where no file can be made, whoever asks.
+        for (const QString& to : {qxf + "/lib", QStringLiteral("/proc")}) {
+            QCOMPARE(run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
+            QCOMPARE(printed + errors, "rigwright: cannot write into " + to + "\n");
+        }
 
-    const QString unnamed = dir.filePath("unnamed.R20");
-    QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
-    QCOMPARE(run({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
-    QCOMPARE(printed, first + ": ok\n" + unnamed + ": Manifacturer cannot be empty!\n" + qxf +
-                          " (mode \"Mode 2\"): ok\n");
-    QCOMPARE(run({"--check", first}), 0);
+        const QString unnamed = dir.filePath("unnamed.R20");
+        QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
+        QCOMPARE(run({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
+        QCOMPARE(printed, first + ": ok\n" + unnamed + ": Manifacturer cannot be empty!\n" + qxf +
+                              " (mode \"Mode 2\"): ok\n");
+        QCOMPARE(run({"--check", first}), 0);
 
-    QVERIFY(OpenFixtureFile(form(), qxf, QStringLiteral("Mode 1")));
-    goToPage(3);
-    const QString saved = dir.filePath("saved.R20");
-    QVERIFY(!SaveFixtureFile(form(), saved));
-    const QByteArray converted = ReadBytes(first);
-    QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
-}
+        QVERIFY(OpenFixtureFile(form(), qxf, QStringLiteral("Mode 1")));
+        goToPage(3);
+        const QString saved = dir.filePath("saved.R20");
+        QVERIFY(!SaveFixtureFile(form(), saved));
+        const QByteArray converted = ReadBytes(first);
+        QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
+    }
+};
 
 RIGWRIGHT_TEST_CLASS(TestQxf)
 #include "test_qxf.moc"

@@ -1,0 +1,266 @@
+// The fixture file output: its lines and text forms by worked rows, the whole file, and the
+// save with its failures.
+#include <QDir>
+#include <QFileInfo>
+#include <QScopeGuard>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "common/code_page.h"
+#include "gui/dialogs.h"
+#include "gui/seams.h"
+#include "gui/testing.h"
+#include "output/channel_line.h"
+#include "output/comment_lines.h"
+#include "output/save_flow.h"
+#include "support/form_fixture.h"
+#include "wizard/fixture_pages.h"
+
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#endif
+
+namespace {
+
+const QString kCaption = QStringLiteral("Tolvane - Rigwright");
+const QByteArray kOldBytes = "; an older file\r\n";
+
+QStringList EntriesOf(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden |
+                                  QDir::System);
+}
+
+// The one message of the save: its words, style and title. A failure ends with the reason,
+// which the system words.
+void CheckTold(const QString& text, int style) {
+    QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(1));
+    const gui::seams::MsgBoxCall& told = gui::seams::MsgBoxCalls().front();
+    QVERIFY2(
+        told.text.startsWith(text) && (told.text.size() > text.size()) == (style == gui::kCritical),
+        qPrintable(told.text));
+    QCOMPARE(told.style, style);
+    QCOMPARE(told.title, kCaption);
+}
+
+}  // namespace
+
+class TestOutput : public FormFixture {
+    Q_OBJECT
+    // Adds the rows of one table of tests/data/output_tables.json: a row's first cell names it,
+    // the others are its columns, all text.
+    void addRows(const char* table) { addTextRows(dataEntry("output_tables.json", table)); }
+
+  private slots:
+    void text_data() {
+        // token, label, comment lines, bytes, line or low byte line (of the grid row with these
+        // cells)
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("text");      // cells 1 to 14 for a line, "|" between them
+        QTest::addColumn<QString>("expected");  // comment lines with "|" between, bytes as Latin-1,
+                                                // "-" for a row that gives no line at all
+        addRows("text");
+        const QString lone(QChar(0xD83D)),
+            longLine(40000, u'x');  // a lone surrogate is one character
+        QTest::newRow("label, lone surrogate") << QString("label") << lone + "ABCDEFGHIJKLM"
+                                               << "\"" + lone + "ABCDEFGHIJK\"";
+        QTest::newRow("bytes, lone surrogate") << QString("bytes") << lone << "?";
+        QTest::newRow("CR beyond 16 bits") << QString("comment lines") << longLine + "\r\ny"
+                                           << "; " + longLine + "\r|; y";
+    }
+    void text() {
+        QFETCH(QString, kind);
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+#ifdef Q_OS_WIN
+        if (kind == u"bytes") QSKIP("On Windows the file takes the system's ANSI code page");
+#endif
+        if (kind.endsWith(u"line")) gui::testing::SetRows(form().table, {"#|" + text}, u'|');
+        const QString none = QStringLiteral("-");
+        QCOMPARE(kind == u"token"           ? LeadingToken(text)
+                 : kind == u"label"         ? QuoteLabel(text)
+                 : kind == u"comment lines" ? CommentLines(text).join(u'|')
+                 : kind == u"bytes"         ? QString::fromLatin1(ToFileBytes(text))
+                 : kind == u"line"          ? BuildChannelLine(form(), 1, false).value_or(none)
+                                            : BuildChannelLine(form(), 1, true).value_or(none),
+                 expected);
+    }
+    void wholeFile_data() {
+        QTest::addColumn<QString>("kind");  // moving head or mirror
+        // Manufacturer, model, name on desk, pan, tilt, comment ("%1" the composed one), patch text
+        // ("~" as it was) and channels, "|" between them.
+        QTest::addColumn<QString>("pages");
+        QTest::addColumn<QString>("rows");  // "|" between cells, "/" between rows
+        // The mixed one: a 16-bit row amid others, a row that add made, text beyond the code page.
+        addRows("whole files");
+    }
+    void wholeFile() {
+        QFETCH(QString, kind);
+        QFETCH(QString, pages);
+        QFETCH(QString, rows);
+        gui::seams::FixClock(QDateTime(QDate(2024, 3, 7), QTime(9, 5, 3)));
+        const QStringList page = pages.split(u'|');
+        MainForm& f = form();
+        (kind == u"moving head" ? f.movinghead : f.mirror).setValue(true);
+        int i = 0;
+        for (gui::TextBox* box :
+             {&f.manifacturer, &f.model, &f.nameondesk, &f.degreespan, &f.degreestilt})
+            box->setText(page[i++]);
+        ComposeComment(f);
+        f.morecomment.setText(QString(page[5]).replace(QStringLiteral("%1"), f.morecomment.Text()));
+        if (page[6] != u"~") f.patchdisplay.setText(page[6]);
+        f.dmxchannels.setCaption(page[7]);
+        gui::testing::SetRows(f.table, rows.split(u'/'), u'|');
+        const int count = f.table.Rows();
+
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("BEAM575.R20"));
+        QVERIFY(WriteBytes(path, QByteArray(5000, 'x')));  // replaced whole by the save
+        gui::seams::QueueSaveAnswer(path);
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        finished_Click(f);
+        // Line by line, so that a difference names its line.
+        QCOMPARE(ReadBytes(path).split('\n'),
+                 ReadBytes(dataPath("output_" + QString(QTest::currentDataTag()) + ".R20"))
+                     .replace("@PATH@", ToFileBytes(path))
+                     .split('\n'));
+        CheckTold("File " + path + " has been created!", gui::kInformation);
+        // Saving changes nothing in the wizard and leaves nothing else in the folder.
+        QCOMPARE(f.table.Rows(), count);
+        QCOMPARE(EntriesOf(dir.path()), QStringList{"BEAM575.R20"});
+    }
+    void proposedNameAndCancel_data() {
+        QTest::addColumn<QString>("nameondesk");
+        QTest::addColumn<QString>("proposed");
+        addRows("proposed names");
+    }
+    void proposedNameAndCancel() {
+        QFETCH(QString, nameondesk);
+        QFETCH(QString, proposed);
+        form().nameondesk.setText(nameondesk);
+        QTemporaryDir dir;
+        const QString existing = dir.filePath(QStringLiteral("MyFixture.R20"));
+        QVERIFY(WriteBytes(existing, kOldBytes));
+        const QString cwd = QDir::currentPath();
+        QDir::setCurrent(dir.path());  // an empty name must not become a file here either
+
+        // A cancel, then an empty name: the proposal is worked out anew each time.
+        gui::seams::QueueSaveAnswer(std::nullopt);
+        gui::seams::QueueSaveAnswer(QString());
+        form().finished.setEnabled(true);
+        gui::testing::Click(form().finished);
+        finished_Click(form());
+        QDir::setCurrent(cwd);
+
+        QCOMPARE(gui::seams::SaveDialogCalls().size(), std::size_t(2));
+        for (const gui::seams::SaveDialogCall& call : gui::seams::SaveDialogCalls()) {
+            QCOMPARE(call.presetName, proposed);
+            QCOMPARE(call.title, kCaption);
+            QCOMPARE(call.filter, QStringLiteral("*.R20|*.R20"));
+            QVERIFY(call.overwritePrompt);
+        }
+        QVERIFY(gui::seams::MsgBoxCalls().empty());
+        QCOMPARE(EntriesOf(dir.path()), QStringList{"MyFixture.R20"});
+        QCOMPARE(ReadBytes(existing), kOldBytes);
+    }
+    // The real dialog, driven by keys: a name in a folder that does not exist is refused with a
+    // word why, and the dialog stays open until the user cancels it.
+    void dialogRefusesMissingFolder() {
+        using namespace gui::testing;
+        QTemporaryDir dir;
+        const QString missing = dir.filePath(QStringLiteral("missing/BEAM575.R20"));
+        QStringList seen;  // what the active dialog showed, in turn
+        gui::seams::RunRealSaveDialog();
+        QTimer::singleShot(0, [&] {
+            seen << CaptionOf(ActiveDialog());
+            PressKey(Qt::Key_A, Qt::ControlModifier);
+            TypeKeys(missing);
+            QTimer::singleShot(0, [&] {
+                seen << CaptionOf(ActiveDialog());
+                PressKey(Qt::Key_Return);
+            });
+            PressKey(Qt::Key_Return);
+            seen << CaptionOf(ActiveDialog());
+            PressKey(Qt::Key_Escape);
+        });
+        finished_Click(form());
+        QCOMPARE(seen.size(), 3);
+        QCOMPARE(seen[0], kCaption);
+        QVERIFY2(seen[1].contains(QDir::toNativeSeparators(missing)) &&
+                     seen[1].contains(QStringLiteral("does not exist")),
+                 qPrintable(seen[1]));
+        QCOMPARE(seen[2], kCaption);
+        QVERIFY(gui::seams::MsgBoxCalls().empty());  // cancelled in the end: nothing is said
+        QCOMPARE(EntriesOf(dir.path()), QStringList());
+    }
+    void failureKeepsOldFile_data() {
+        QTest::addColumn<QString>("target");   // in a fresh folder
+        QTest::addColumn<QString>("oldFile");  // a file there that must come out byte-identical
+        QTest::addColumn<QString>("mode");     // the mode its own folder is left with, 0 as it is
+        addRows("save failures");
+    }
+    void failureKeepsOldFile() {
+#ifndef Q_OS_UNIX
+        QSKIP("The failures are made with the mode bits and limits of a Unix system");
+#else
+        QFETCH(QString, target);
+        QFETCH(QString, oldFile);
+        QFETCH(QString, mode);
+        const int locked = mode.toInt(nullptr, 8);
+        const QByteArray tag = QTest::currentDataTag();
+        QTemporaryDir dir;
+        const QString path = QDir(dir.path()).filePath(target), old = dir.filePath(oldFile);
+        if (!QFileInfo::exists(path) && tag == "full device") QSKIP("No /dev/full on this system");
+        // Nothing reads the pipe: a write into it would wait for ever.
+        if (tag == "named pipe") QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        if (!oldFile.isEmpty())
+            QVERIFY(QDir(dir.path()).mkpath(QFileInfo(old).path()) && WriteBytes(old, kOldBytes));
+        QString folder = QFileInfo(path).path();  // where a temporary file would be left behind
+        if (!QFileInfo::exists(folder)) folder = dir.path();
+        if (locked) {
+            // The old file's folder loses its write or its execute right; the folder around it
+            // lets anyone through.
+            QCOMPARE(chmod(QFile::encodeName(dir.path()).constData(), 0705), 0);
+            QCOMPARE(chmod(QFile::encodeName(folder).constData(), mode_t(locked)), 0);
+        }
+        const QStringList before = EntriesOf(folder);
+
+        // Mode bits do not stop the superuser, as whom tests may run: for the save the test takes
+        // on the rights of the user "nobody". So it does before a save into /dev, which, were the
+        // refusal of devices ever lost, would otherwise replace /dev/full itself. A write past the
+        // size limit fails instead of ending the process, as on a full disk.
+        const bool root = (locked || tag == "full device") && geteuid() == 0;
+        const auto giveBack = [root] {
+            if (root && (seteuid(0) != 0 || setegid(0) != 0))
+                qFatal("The rights were not given back");
+        };
+        const auto undo = qScopeGuard(giveBack);
+        if (root && (setegid(65534) != 0 || seteuid(65534) != 0))
+            QSKIP("Cannot take on the rights of an ordinary user");
+        rlimit limit{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
+        const auto lift = qScopeGuard([limit] { setrlimit(RLIMIT_FSIZE, &limit); });
+        if (tag == "size limit") {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit small{100, limit.rlim_max};
+            QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+        }
+
+        gui::seams::QueueSaveAnswer(path);
+        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        finished_Click(form());
+        giveBack();
+
+        CheckTold("File " + path + " could not be written: ", gui::kCritical);
+        QCOMPARE(EntriesOf(folder), before);  // no temporary file left behind
+        if (!oldFile.isEmpty()) QCOMPARE(ReadBytes(old), kOldBytes);
+#endif
+    }
+};
+
+RIGWRIGHT_TEST_CLASS(TestOutput)
+#include "test_output.moc"
