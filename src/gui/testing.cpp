@@ -46,11 +46,12 @@ void DragWithin(QWidget* widget, QPoint from, QPoint to) {
     QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
 }
 
-// QTest's double click sends the double-click event alone; a real one ends with a release.
-void DoubleClickAt(QWidget* widget, QPoint at) {
-    QTest::mouseClick(widget, Qt::LeftButton, {}, at);
-    QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
-    QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+void ClickAt(QWidget* widget, QPoint at, int clicks, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseClick(widget, Qt::LeftButton, modifiers, at);
+    if (clicks < 2) return;
+    // QTest's double click sends the double-click event alone; a real one ends with a release.
+    QTest::mouseDClick(widget, Qt::LeftButton, modifiers, at);
+    QTest::mouseRelease(widget, Qt::LeftButton, modifiers, at);
 }
 
 QWidget* FocusWidget() {
@@ -61,12 +62,8 @@ QWidget* FocusWidget() {
 
 }  // namespace
 
-void ClickCell(Grid& grid, int row, int col) {
-    QTest::mouseClick(grid.view()->viewport(), Qt::LeftButton, {}, CellCentre(grid, row, col));
-}
-
-void DoubleClickCell(Grid& grid, int row, int col) {
-    DoubleClickAt(grid.view()->viewport(), CellCentre(grid, row, col));
+void ClickCell(Grid& grid, int row, int col, int clicks) {
+    ClickAt(grid.view()->viewport(), CellCentre(grid, row, col), clicks);
 }
 
 void DragRows(Grid& grid, int fromRow, int toRow, int col) {
@@ -75,44 +72,27 @@ void DragRows(Grid& grid, int fromRow, int toRow, int col) {
     DragWithin(viewport, from, CellCentre(grid, toRow, col));
 }
 
-void ClickEmptyArea(Grid& grid) {
+void ClickEmptyArea(Grid& grid, int clicks) {
     QWidget* viewport = grid.view()->viewport();
-    QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(2, viewport->height() - 2));
+    ClickAt(viewport, QPoint(2, viewport->height() - 2), clicks);
 }
 
-void DoubleClickEmptyArea(Grid& grid) {
-    QWidget* viewport = grid.view()->viewport();
-    DoubleClickAt(viewport, QPoint(2, viewport->height() - 2));
-}
-
-// Where a head or a mark is clicked: the head row's or the mark column's viewport, and the
-// middle of the section there.
-static std::pair<QWidget*, QPoint> HeadAt(Grid& grid, int col) {
+void ClickHead(Grid& grid, int col, int clicks) {
     QHeaderView* heads = grid.view()->horizontalHeader();
-    const int x = heads->sectionViewportPosition(col - 1) + heads->sectionSize(col - 1) / 2;
-    return {heads->viewport(), QPoint(x, heads->height() / 2)};
-}
-static std::pair<QWidget*, QPoint> MarkAt(Grid& grid, int row) {
-    GridView* view = grid.view();
-    view->scrollTo(grid.model()->index(row - 1, 0));
-    QHeaderView* marks = view->verticalHeader();
-    const int y = marks->sectionViewportPosition(row - 1) + marks->sectionSize(row - 1) / 2;
-    return {marks->viewport(), QPoint(marks->width() / 2, y)};
-}
-
-void ClickHead(Grid& grid, int col) {
     if (col == 0) {
         auto* corner = grid.view()->findChild<QAbstractButton*>();
-        QTest::mouseClick(corner, Qt::LeftButton, {}, corner->rect().center());
+        ClickAt(corner, corner->rect().center(), clicks);
         return;
     }
-    const auto [heads, at] = HeadAt(grid, col);
-    QTest::mouseClick(heads, Qt::LeftButton, {}, at);
+    const int x = heads->sectionViewportPosition(col - 1) + heads->sectionSize(col - 1) / 2;
+    ClickAt(heads->viewport(), QPoint(x, heads->height() / 2), clicks);
 }
 
-void ClickMark(Grid& grid, int row, Qt::KeyboardModifiers modifiers) {
-    const auto [marks, at] = MarkAt(grid, row);
-    QTest::mouseClick(marks, Qt::LeftButton, modifiers, at);
+void ClickMark(Grid& grid, int row, Qt::KeyboardModifiers modifiers, int clicks) {
+    grid.view()->scrollTo(grid.model()->index(row - 1, 0));
+    QHeaderView* marks = grid.view()->verticalHeader();
+    const int y = marks->sectionViewportPosition(row - 1) + marks->sectionSize(row - 1) / 2;
+    ClickAt(marks->viewport(), QPoint(marks->width() / 2, y), clicks, modifiers);
 }
 
 QAbstractItemModel* ModelOf(Grid& grid) {
@@ -257,47 +237,22 @@ BareWindow::Application::~Application() {
     delete app_;
 }
 
-BareWindow::BareWindow(const QStringList& kinds) : window_(new QWidget) {
-    window_->resize(650, 484);
-    int i = 0;
-    for (const QString& kind : kinds) {
-        QWidget* w = nullptr;
-        if (kind == u"QGroupBox")
-            w = new QGroupBox(QStringLiteral("frame"), window_);
-        else if (kind == u"QLineEdit")
-            w = new QLineEdit(QStringLiteral("text"), window_);
-        else if (kind == u"QTextEdit")
-            w = new QTextEdit(QStringLiteral("text"), window_);
-        else if (kind == u"QComboBox")
-            w = new QComboBox(window_);
-        else if (kind == u"QRadioButton")
-            w = new QRadioButton(QStringLiteral("option"), window_);
-        else if (kind == u"QCheckBox")
-            w = new QCheckBox(QStringLiteral("check"), window_);
-        else if (kind == u"QPushButton")
-            w = new QPushButton(QStringLiteral("button"), window_);
-        else if (kind == u"QListWidget")
-            w = new QListWidget(window_);
-        else if (kind == u"QTableView")
-            w = new QTableView(window_);
-        else if (kind == u"QFrame")
-            w = new QFrame(window_);
-        else
-            w = new QLabel(QStringLiteral("label"), window_);
-        w->setGeometry((i % 10) * 64, (i / 10) * 24 % 460, 60, 20);
-        ++i;
-    }
-    window_->show();
-}
-
-BareWindow::~BareWindow() {
-    delete window_;
-}
-void BareWindow::PaintNow() {
-    window_->grab();
-}
-
 namespace {
+
+// The Qt classes that stand behind our own widget classes, each as the floor makes one.
+using MakeWidget = QWidget* (*)(QWidget*);
+const std::pair<const char*, MakeWidget> kKinds[] = {
+    {"QGroupBox", [](QWidget* p) -> QWidget* { return new QGroupBox("frame", p); }},
+    {"QLineEdit", [](QWidget* p) -> QWidget* { return new QLineEdit("text", p); }},
+    {"QTextEdit", [](QWidget* p) -> QWidget* { return new QTextEdit("text", p); }},
+    {"QComboBox", [](QWidget* p) -> QWidget* { return new QComboBox(p); }},
+    {"QRadioButton", [](QWidget* p) -> QWidget* { return new QRadioButton("option", p); }},
+    {"QCheckBox", [](QWidget* p) -> QWidget* { return new QCheckBox("check", p); }},
+    {"QPushButton", [](QWidget* p) -> QWidget* { return new QPushButton("button", p); }},
+    {"QListWidget", [](QWidget* p) -> QWidget* { return new QListWidget(p); }},
+    {"QTableView", [](QWidget* p) -> QWidget* { return new QTableView(p); }},
+    {"QLabel", [](QWidget* p) -> QWidget* { return new QLabel("label", p); }},
+    {"QFrame", [](QWidget* p) -> QWidget* { return new QFrame(p); }}};
 
 void RunUntilPainted(QWidget* window, const std::function<void()>& painted) {
     class PaintSeen : public QObject {
@@ -331,21 +286,38 @@ void RunUntilPainted(QWidget* window, const std::function<void()>& painted) {
 
 }  // namespace
 
+BareWindow::BareWindow(const QStringList& kinds) : window_(new QWidget) {
+    window_->resize(650, 484);
+    int i = 0;
+    for (const QString& kind : kinds) {
+        const auto* k = std::find_if(std::begin(kKinds), std::end(kKinds),
+                                     [&](const auto& k) { return kind == QLatin1String(k.first); });
+        if (k == std::end(kKinds)) continue;  // none of ours: the floor has none either
+        QWidget* w = k->second(window_);
+        w->setGeometry((i % 10) * 64, (i / 10) * 24 % 460, 60, 20);
+        ++i;
+    }
+    window_->show();
+}
+
+BareWindow::~BareWindow() {
+    delete window_;
+}
+void BareWindow::PaintNow() {
+    window_->grab();
+}
+
 void BareWindow::WaitUntilPainted(const std::function<void()>& painted) {
     RunUntilPainted(window_, painted);
 }
 
 QStringList ControlKinds(Form& form) {
-    // The Qt classes that stand behind our own widget classes.
-    static const char* const kBases[] = {"QGroupBox",    "QLineEdit", "QTextEdit",   "QComboBox",
-                                         "QRadioButton", "QCheckBox", "QPushButton", "QListWidget",
-                                         "QTableView",   "QLabel",    "QFrame"};
     QStringList kinds;
     for (QWidget* w : form.widget()->findChildren<QWidget*>()) {
         if (w->objectName().isEmpty() || w->objectName().startsWith(u"qt_")) continue;
-        for (const char* base : kBases) {
-            if (w->inherits(base)) {
-                kinds << QString::fromLatin1(base);
+        for (const auto& [kind, make] : kKinds) {
+            if (w->inherits(kind)) {
+                kinds << QString::fromLatin1(kind);
                 break;
             }
         }
@@ -375,11 +347,6 @@ void DropFile(Control& onto, const QString& path) {
 
 bool PlacedByWindowManager(Form& form) {
     return !form.widget()->testAttribute(Qt::WA_Moved);
-}
-
-void DoubleClickHeadOrMark(Grid& grid, int col, int row) {
-    const auto [widget, at] = col > 0 ? HeadAt(grid, col) : MarkAt(grid, row);
-    DoubleClickAt(widget, at);
 }
 
 QString Announced(Form& form) {

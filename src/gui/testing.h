@@ -21,14 +21,13 @@ class QWidget;
 
 namespace gui::testing {
 
-void ClickCell(Grid& grid, int row, int col);
-void DoubleClickCell(Grid& grid, int row, int col);
+// A click where a mouse lands on the grid; with `clicks` 2 a double click.
+void ClickCell(Grid& grid, int row, int col, int clicks = 1);
 void DragRows(Grid& grid, int fromRow, int toRow, int col);  // press, move, release
-void ClickEmptyArea(Grid& grid);                             // below the last row
-void DoubleClickEmptyArea(Grid& grid);
-void ClickHead(Grid& grid, int col);  // the head of a column; column 0's is the corner
-void ClickMark(Grid& grid, int row,   // the mark of a row, in the fixed column
-               Qt::KeyboardModifiers modifiers = {});
+void ClickEmptyArea(Grid& grid, int clicks = 1);             // below the last row
+void ClickHead(Grid& grid, int col, int clicks = 1);  // a column's head; column 0's is the corner
+void ClickMark(Grid& grid, int row,                   // the mark of a row, in the fixed column
+               Qt::KeyboardModifiers modifiers = {}, int clicks = 1);
 QAbstractItemModel* ModelOf(Grid& grid);
 // The grid's body rows, each as its cells from the mark on, joined by `between`.
 QStringList RowsOf(const Grid& grid, QChar between);
@@ -105,9 +104,6 @@ void WaitUntilPainted(Control& window, const std::function<void()>& painted = {}
 void DropFile(Control& onto, const QString& path);
 // The window shows where the window manager puts it: no place was given to it.
 bool PlacedByWindowManager(Form& form);
-
-// A double click on the head of column `col`, or with `col` 0 on the mark of row `row`.
-void DoubleClickHeadOrMark(Grid& grid, int col, int row);
 
 // What was last said to a screen reader without moving the focus.
 QString Announced(Form& form);

@@ -19,7 +19,7 @@ class TestChannels : public FormFixture {
   private:
     // then replaceEntry(text)
     void openCell(int row, int col, const QString& text = {}) {
-        DoubleClickCell(form().table, row, col);
+        ClickCell(form().table, row, col, 2);
         if (!text.isNull()) replaceEntry(text);
     }
     // select all in the edit box, then type
@@ -234,7 +234,7 @@ class TestChannels : public FormFixture {
         if (where == u"mark") ClickMark(f.table, 1);
         if (where == u"empty area") ClickEmptyArea(f.table);
         if (where == u"double click on a cell") openCell(1, kComment);
-        if (where == u"double click on the empty area") DoubleClickEmptyArea(f.table);
+        if (where == u"double click on the empty area") ClickEmptyArea(f.table, 2);
         QCOMPARE(f.table.TextMatrix(2, kLabel) + f.table.TextMatrix(1, kComment), "abc");
         QCOMPARE(QPoint(f.table.Col(), f.table.Row()), QPoint(to, row));
         QVERIFY(!f.defaultsframe.Visible());

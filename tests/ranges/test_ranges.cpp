@@ -134,7 +134,7 @@ class TestRanges : public FormFixture {
         MainForm& f = form();
         goToPage(6);
         SetRangeRows(f, "1|0|100|label here,#|101|255|a");
-        DoubleClickCell(f.range, 2, 3);
+        ClickCell(f.range, 2, 3, 2);
         QCOMPARE(f.reditframe.Caption(), f.range.TextMatrix(0, 3));
         QCOMPARE(f.reditframe.Left(), f.range.Left() + f.range.ColPos(3));
         QCOMPARE(f.reditframe.Top(), f.range.Top() + f.range.RowPos(2));
