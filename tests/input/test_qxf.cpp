@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 
 #include "channels/edit_classes.h"
 #include "gui/dialogs.h"
@@ -391,20 +392,18 @@ class TestQxf : public FormFixture {
         gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
         auto run = [&](const QStringList& arguments, QString* printed = nullptr,
                        QString* errors = nullptr) {
-            std::FILE* o = std::tmpfile();
-            std::FILE* e = std::tmpfile();
+            char *o = nullptr, *e = nullptr;
+            std::size_t oSize = 0, eSize = 0;
+            const LibraryStreams streams{open_memstream(&o, &oSize), open_memstream(&e, &eSize),
+                                         false};
             const input::CommandLine line = input::ParseCommandLine(arguments);
-            const LibraryStreams streams{o, e, false};
             const int code = line.action == input::CommandLine::Action::kCheck
                                  ? CheckFixtures(line, streams)
                                  : ConvertFixtures(line, streams);
-            for (auto [file, text] : {std::pair{o, printed}, std::pair{e, errors}}) {
-                std::rewind(file);
-                QByteArray bytes(4096, '\0');
-                bytes.resize(qsizetype(std::fread(bytes.data(), 1, bytes.size(), file)));
-                if (text) *text = QString::fromLocal8Bit(bytes);
-                std::fclose(file);
-            }
+            std::fclose(streams.out), std::fclose(streams.err);
+            if (printed) *printed = QString::fromLocal8Bit(o, qsizetype(oSize));
+            if (errors) *errors = QString::fromLocal8Bit(e, qsizetype(eSize));
+            std::free(o), std::free(e);
             return code;
         };
         QString printed, errors;
