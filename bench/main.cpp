@@ -74,8 +74,7 @@ int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
     QElapsedTimer timer;
     timer.start();
     if (bare) {
-        gui::testing::BareWindow::Application app(argc, argv);
-        gui::testing::BareWindow window(QString::fromLatin1(arg).split(u','));
+        gui::testing::BareWindow window(argc, argv, QString::fromLatin1(arg).split(u','));
         window.PaintNow();
         std::printf("%f %f -1\n", timer.nsecsElapsed() / 1e6, bench::ResidentMiB());
         return 0;
@@ -104,8 +103,7 @@ int VisibleChild(int argc, char** argv, bool bare, const QByteArray& kinds) {
         std::fflush(stdout);
     };
     if (bare) {
-        gui::testing::BareWindow::Application app(argc, argv);
-        gui::testing::BareWindow window(QString::fromLatin1(kinds).split(u','));
+        gui::testing::BareWindow window(argc, argv, QString::fromLatin1(kinds).split(u','));
         window.WaitUntilPainted(say);
         return 0;
     }

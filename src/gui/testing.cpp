@@ -231,12 +231,6 @@ bool WaitForShown(Form& form) {
     return QTest::qWaitForWindowExposed(form.widget());
 }
 
-BareWindow::Application::Application(int& argc, char** argv) : app_(new QApplication(argc, argv)) {}
-
-BareWindow::Application::~Application() {
-    delete app_;
-}
-
 namespace {
 
 // The Qt classes that stand behind our own widget classes, each as the floor makes one.
@@ -286,7 +280,8 @@ void RunUntilPainted(QWidget* window, const std::function<void()>& painted) {
 
 }  // namespace
 
-BareWindow::BareWindow(const QStringList& kinds) : window_(new QWidget) {
+BareWindow::BareWindow(int& argc, char** argv, const QStringList& kinds)
+    : app_(new QApplication(argc, argv)), window_(new QWidget) {
     window_->resize(650, 484);
     int i = 0;
     for (const QString& kind : kinds) {
@@ -302,6 +297,7 @@ BareWindow::BareWindow(const QStringList& kinds) : window_(new QWidget) {
 
 BareWindow::~BareWindow() {
     delete window_;
+    delete app_;
 }
 void BareWindow::PaintNow() {
     window_->grab();

@@ -70,19 +70,8 @@ QList<QSize> IconSizesOf(Form& form);  // the sizes the window offers its icon i
 // nothing of ours (no catalogue, fonts, colours, pictures or logic), shown.
 class BareWindow {
   public:
-    // Plain Qt's application object, without the program's name, picture and font.
-    class Application {
-      public:
-        Application(int& argc, char** argv);
-        ~Application();
-        Application(const Application&) = delete;
-        Application& operator=(const Application&) = delete;
-
-      private:
-        QObject* app_;
-    };
-
-    explicit BareWindow(const QStringList& kinds);
+    // Plain Qt's application object comes first, without the program's name, picture and font.
+    BareWindow(int& argc, char** argv, const QStringList& kinds);
     ~BareWindow();
     BareWindow(const BareWindow&) = delete;
     BareWindow& operator=(const BareWindow&) = delete;
@@ -90,6 +79,7 @@ class BareWindow {
     void WaitUntilPainted(const std::function<void()>& painted = {});  // as the free function below
 
   private:
+    QObject* app_;
     QWidget* window_;
 };
 
