@@ -2,7 +2,6 @@
 // channel count, and the multi-line boxes typed and pasted into, byte for byte in the file.
 #include <QAccessible>
 #include <QClipboard>
-#include <QFile>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTemporaryDir>
@@ -193,9 +192,7 @@ class TestFinishPage : public FormFixture {
         gui::seams::QueueSaveAnswer(dir.filePath(QStringLiteral("T.R20")));
         gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
         Click(form().finished);
-        QFile saved(dir.filePath(QStringLiteral("T.R20")));
-        QVERIFY(saved.open(QIODevice::ReadOnly));
-        const QByteArray file = saved.readAll();
+        const QByteArray file = ReadBytes(dir.filePath(QStringLiteral("T.R20")));
         if (comment)  // nothing else in the comment
             QVERIFY2(file.startsWith(lines + "; \r\n; \r\n; file "), file.left(40).toHex(' '));
         else
