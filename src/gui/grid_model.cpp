@@ -48,21 +48,10 @@ void GridModel::ReplaceBody(QList<QStringList> rows) {
     cells_.resize(cols);
     cells_.reserve(cols * (static_cast<std::size_t>(rows.size()) + 1));
     // The texts come as a file reader made them, which shares a text with every equal cell of
-    // its column: they are taken as they are. A table of thousands of rows is moved, not
-    // copied, when the rows are the model's alone.
-    const bool own = rows.isDetached();
-    for (qsizetype r = 0; r < rows.size(); ++r) {
-        const QStringList& row = std::as_const(rows)[r];
-        const bool take = own && row.isDetached();
-        for (int col = 0; col < cols_; ++col) {
-            if (col >= row.size())
-                cells_.emplace_back();
-            else if (take)
-                cells_.push_back(std::move(rows[r][col]));
-            else
-                cells_.push_back(row[col]);
-        }
-    }
+    // its column: they are moved in as they are, not copied.
+    for (QStringList& row : rows)
+        for (int col = 0; col < cols_; ++col)
+            cells_.push_back(col < row.size() ? std::move(row[col]) : QString());
     endResetModel();
 }
 

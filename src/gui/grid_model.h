@@ -24,8 +24,8 @@ class GridModel : public QAbstractTableModel {
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);
-    // The rows below the fixed row become `rows`, each from column 0, in one change. Rows that
-    // nothing else holds give their texts up instead of sharing them.
+    // The rows below the fixed row become `rows`, each from column 0, in one change. The rows
+    // are handed over: their texts move into the cells.
     void ReplaceBody(QList<QStringList> rows);
 
     // The body as the view sees it.
