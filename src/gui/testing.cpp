@@ -21,6 +21,7 @@
 #include <QTextEdit>
 #include <QToolTip>
 #include <QUrl>
+#include <algorithm>
 
 #include "gui/grid_model.h"
 #include "gui/grid_view.h"
