@@ -13,11 +13,13 @@
 
 #include "gui/application.h"
 #include "gui/seams.h"
+#include "gui/system.h"
 #include "gui/testing.h"
 #include "input/command_line.h"
 #include "input/fixture_reader.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
+#include "output/form_fixture.h"
 #include "output/save_flow.h"
 #include "wizard/engine.h"
 #include "wizard/library_commands.h"
@@ -98,7 +100,7 @@ void LibraryRows(std::vector<bench::Row>& rows, const QString& self, MainForm& f
     }
     f.CurrentStep = 2;
     nexts_Click(f);  // the channel count follows the table on the finish page
-    SaveFixtureFile(f, bigFile);
+    SaveFixtureFile(ReadForm(f), bigFile, gui::Now());
     if (const input::ReadOutcome read = input::ReadFixtureFile(bigFile); !read.fixture) {
         rows.push_back(
             {"open a fixture file of 32,767 rows: refused, " + read.error, 0, "", 0, 0, 0});

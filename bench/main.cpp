@@ -90,7 +90,7 @@ int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
         std::printf("kinds %s\n", qPrintable(gui::testing::ControlKinds(form.main).join(u',')));
         return 0;
     }
-    SetChannelRows(form, channels::kMaxChannelRows);
+    SetChannelRows(form, common::kMaxChannelRows);
     std::printf("%f %f %f\n", ms, afterStart, bench::ResidentMiB());
     return 0;
 }
@@ -283,7 +283,7 @@ int main(int argc, char** argv) {
     f.nameondesk.setText(QStringLiteral("BEAM575"));
     f.movinghead.setValue(true);
     for (const auto& [channelRows, bound] :
-         {std::pair{kFixtureRows, 16.0}, std::pair{channels::kMaxChannelRows, 100.0}})
+         {std::pair{kFixtureRows, 16.0}, std::pair{common::kMaxChannelRows, 100.0}})
         ChannelActionRows(rows, f, channelRows, bound);
     SplitRows(rows, f);
     LibraryRows(rows, QCoreApplication::applicationFilePath(), f);

@@ -1,4 +1,5 @@
 // Rigwright: describe one DMX fixture and write its fixture definition file.
+#include <QCoreApplication>
 #include <cstdio>
 
 #include "gui/application.h"
@@ -39,17 +40,18 @@ int main(int argc, char** argv) {
             Print(stderr, input::UsageText());
             return 2;
         case Action::kConvert:
-        case Action::kCheck:
-            // The libraries' commands fill the form as the wizard does, but show no window.
-            qputenv("QT_QPA_PLATFORM", "offscreen");
+        case Action::kCheck: {
+            // The libraries' commands work on values: no widget, no display, no platform.
             qInstallMessageHandler(KeepErrorsOnly);
-            break;
+            QCoreApplication app(argc, argv);
+            const LibraryStreams streams = LibraryStreams::Standard();
+            return line.action == Action::kConvert ? ConvertFixtures(line, streams)
+                                                   : CheckFixtures(line, streams);
+        }
         case Action::kRun:
             break;
     }
     gui::Application app(argc, argv);
-    if (line.action == Action::kConvert) return ConvertFixtures(line, LibraryStreams::Standard());
-    if (line.action == Action::kCheck) return CheckFixtures(line, LibraryStreams::Standard());
     MainForm form;
     StartWizard(form, line.file, line.mode);
     return app.Exec();

@@ -1,24 +1,14 @@
 #include "channels/channel_table.h"
 
 #include <QString>
-#include <algorithm>
-#include <limits>
 
 #include "channels/cell_editor.h"
-#include "common/number.h"
+#include "common/channel_grid.h"
 #include "gui/grid_model.h"
 #include "wizard/main_form.h"
 
-namespace {
-
-constexpr int kFirstChannelRow = 1;
-constexpr int kDmx1Col = 1;
-constexpr int kDmx2Col = 2;
-
-}  // namespace
-
 bool channels::RoomForChannelRow(const MainForm& f) {
-    return f.table.Rows() - 1 < kMaxChannelRows;
+    return f.table.Rows() - 1 < common::kMaxChannelRows;
 }
 
 void add_Click(MainForm& f) {
@@ -39,21 +29,9 @@ void adddef_Click(MainForm& f) {
 }
 
 double channels::NextOffset(const MainForm& f) {
-    const gui::GridModel& table = *f.table.model();
-    const int rows = table.Rows();
-    double candidate = 1;
-    for (int row = kFirstChannelRow; row < rows; ++row) {
-        for (const int col : {kDmx1Col, kDmx2Col}) {
-            const double offset = common::LeadingNumber(table.Cell(row, col));
-            // The next offset is rounded as it is stored.
-            if (offset >= candidate) candidate = common::RoundHalfEven(offset + 1);
-        }
-    }
-    return candidate;
+    return common::NextOffset(f.table.model()->Body());
 }
 
 std::int16_t NextFreeDmx(const MainForm& f) {
-    // The result is a 16-bit integer: it cannot climb past the largest 16-bit value.
-    constexpr double kMax = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::min(channels::NextOffset(f), kMax));
+    return static_cast<std::int16_t>(common::ChannelCount(f.table.model()->Body()) + 1);
 }

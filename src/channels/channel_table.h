@@ -12,9 +12,7 @@ std::int16_t NextFreeDmx(const MainForm& f);
 
 namespace channels {
 
-// Row counters are 16 bits wide: the grid holds at most this many channel rows, the head
-// row not counted. New lines and presets stop there.
-inline constexpr int kMaxChannelRows = 32767;
+// New lines and presets stop at the most rows the grid holds.
 bool RoomForChannelRow(const MainForm& f);
 // The lowest offset above every offset of the table, not held to 16 bits.
 double NextOffset(const MainForm& f);

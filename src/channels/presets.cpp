@@ -31,7 +31,7 @@ bool RoomForPreset(const MainForm& f, int index) {
         offsets += row.sixteenBit ? 2 : 1;
     }
     const double lastOffset = channels::NextOffset(f) + offsets - 1;
-    return f.table.Rows() - 1 + rows <= channels::kMaxChannelRows &&
+    return f.table.Rows() - 1 + rows <= common::kMaxChannelRows &&
            lastOffset <= std::numeric_limits<std::int16_t>::max();
 }
 

@@ -4,11 +4,9 @@
 
 #include <span>
 
-namespace common {
+#include "common/channel_grid.h"
 
-inline constexpr const char* kHtpType = "HTP (usually dimmer)";
-inline constexpr const char* kFadeableType = "FADEABLE LTP";
-inline constexpr const char* kIndexedType = "INDEXED LTP (not fadeable, such as gobo)";
+namespace common {
 
 inline constexpr int kPresetCount = 25;
 

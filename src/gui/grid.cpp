@@ -217,10 +217,6 @@ void Grid::RemoveItem(int row) {
     model_->RemoveRow(row);
 }
 
-void Grid::ReplaceRows(QList<QStringList> rows) {
-    model_->ReplaceBody(std::move(rows));
-}
-
 int Grid::RowPos(int row) const {
     const int frame = view_->frameWidth();
     if (row <= 0) return PixelsToTwips(frame);

@@ -46,10 +46,6 @@ class Grid : public Control {
     // Adds a row from tab-separated cells, before `index`, or at the end when index < 0.
     void AddItem(const QString& tabbedCells, int index = -1);
     void RemoveItem(int row);
-    // Every row below the fixed row replaced by `rows`, each from column 0, at one stroke: a
-    // fixture file read whole fills its table this way, its texts taken as they are (the
-    // reader shares equal texts). At least one row must come.
-    void ReplaceRows(QList<QStringList> rows);
 
     int RowPos(int row) const;  // twips from the grid's top edge to the row's top edge
     int ColPos(int col) const;  // twips from the grid's left edge to the column's left edge

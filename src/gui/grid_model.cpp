@@ -2,22 +2,26 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <algorithm>
 
 namespace gui {
 
 GridModel::GridModel(int cols, std::vector<Qt::Alignment> alignments)
-    : cols_(cols), alignments_(std::move(alignments)) {
-    cells_.resize(2 * static_cast<std::size_t>(cols));
+    : cols_(cols), alignments_(std::move(alignments)), heads_(cols), body_(cols) {
+    body_.appendRow();
 }
 
 const QString& GridModel::Cell(int row, int col) const {
-    static const QString kNone;
-    return Inside(row, col) ? cells_[Place(row, col)] : kNone;
+    if (row == 0 && col >= 0 && col < cols_) return heads_[col];
+    return body_.cell(row - 1, col);
 }
 
 void GridModel::SetCell(int row, int col, const QString& text) {
     if (!Inside(row, col)) return;
-    cells_[Place(row, col)] = *texts_.insert(text);
+    if (row == 0)
+        heads_[col] = text;
+    else
+        body_.setCell(row - 1, col, text);
     if (row == 0 && col > 0) {
         emit headerDataChanged(Qt::Horizontal, col - 1, col - 1);
     } else if (col == 0 && row > 0) {
@@ -29,29 +33,22 @@ void GridModel::SetCell(int row, int col, const QString& text) {
 }
 
 void GridModel::InsertRow(int before, std::vector<QString> cells) {
-    cells.resize(cols_);
-    for (QString& cell : cells) cell = *texts_.insert(cell);
     beginInsertRows({}, before - 1, before - 1);
-    cells_.insert(cells_.begin() + Place(before, 0), cells.begin(), cells.end());
+    body_.insertRow(before - 1);
+    const int count = std::min(static_cast<int>(cells.size()), cols_);
+    for (int col = 0; col < count; ++col) body_.setCell(before - 1, col, cells[col]);
     endInsertRows();
 }
 
 void GridModel::RemoveRow(int row) {
     beginRemoveRows({}, row - 1, row - 1);
-    cells_.erase(cells_.begin() + Place(row, 0), cells_.begin() + Place(row + 1, 0));
+    body_.removeRow(row - 1);
     endRemoveRows();
 }
 
-void GridModel::ReplaceBody(QList<QStringList> rows) {
+void GridModel::ReplaceBody(common::TextTable rows) {
     beginResetModel();
-    const std::size_t cols = static_cast<std::size_t>(cols_);
-    cells_.resize(cols);
-    cells_.reserve(cols * (static_cast<std::size_t>(rows.size()) + 1));
-    // The texts come as a file reader made them, which shares a text with every equal cell of
-    // its column: they are moved in as they are, not copied.
-    for (QStringList& row : rows)
-        for (int col = 0; col < cols_; ++col)
-            cells_.push_back(col < row.size() ? std::move(row[col]) : QString());
+    body_ = std::move(rows);
     endResetModel();
 }
 

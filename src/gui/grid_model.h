@@ -4,11 +4,11 @@
 // on screen while the body scrolls.
 
 #include <QAbstractTableModel>
-#include <QList>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <vector>
+
+#include "common/text_table.h"
 
 namespace gui {
 
@@ -17,16 +17,17 @@ class GridModel : public QAbstractTableModel {
     GridModel(int cols, std::vector<Qt::Alignment> alignments);
 
     // Whole grid, fixed row and column included.
-    int Rows() const { return static_cast<int>(cells_.size() / static_cast<std::size_t>(cols_)); }
+    int Rows() const { return body_.rows() + 1; }
     int Cols() const { return cols_; }
     // A place outside the grid reads as an empty cell and takes no text.
     const QString& Cell(int row, int col) const;
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);
-    // The rows below the fixed row become `rows`, each from column 0, in one change. The rows
-    // are handed over: their texts move into the cells.
-    void ReplaceBody(QList<QStringList> rows);
+    // The rows below the fixed row become `rows`, each from column 0, in one change.
+    void ReplaceBody(common::TextTable rows);
+    // The rows below the fixed row, each from column 0.
+    const common::TextTable& Body() const { return body_; }
 
     // The body as the view sees it.
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -39,18 +40,11 @@ class GridModel : public QAbstractTableModel {
     bool Inside(int row, int col) const {
         return row >= 0 && row < Rows() && col >= 0 && col < cols_;
     }
-    std::size_t Place(int row, int col) const {
-        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
-               static_cast<std::size_t>(col);
-    }
 
     int cols_;
     std::vector<Qt::Alignment> alignments_;
-    // The cells row after row, row 0 first.
-    std::vector<QString> cells_;
-    // Every text a cell has held. A cell takes its text from here, so that equal texts share
-    // their characters: a full channel table repeats a few dozen texts half a million times.
-    QSet<QString> texts_;
+    QStringList heads_;       // row 0
+    common::TextTable body_;  // the rows below it
 };
 
 }  // namespace gui

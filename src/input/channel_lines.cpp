@@ -4,7 +4,7 @@ namespace input {
 
 namespace {
 
-constexpr int kLabelLength = 12;
+using common::kLabelLength;
 constexpr int kMostDigits = 5;  // no offset, key or ratio the wizard writes is longer
 const QString kHtp = QStringLiteral("HTP (usually dimmer)");
 const QString kFadeable = QStringLiteral("FADEABLE LTP");
@@ -118,14 +118,15 @@ int OffsetOf(QStringView digits) {
 }
 
 // The attribute type's short form as the cell holds it: the letter or digit and ">".
-QString AttributeCell(QStringView attribute) {
+const QString& AttributeCell(QStringView attribute) {
+    static const QString kNone;
     static const QStringList kForms = [] {
         QStringList forms;
         for (const QChar c : QStringView(u"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"))
             forms << QString(c) + u'>';
         return forms;
     }();
-    if (attribute.isEmpty()) return {};
+    if (attribute.isEmpty()) return kNone;
     const char16_t c = attribute[0].unicode();
     return kForms[c <= u'9' ? c - u'0' : 10 + c - u'A'];
 }
@@ -179,19 +180,6 @@ QString ParseChannelLine(QStringView text, ChannelLine& line) {
     return {};
 }
 
-QString ChannelRows::cell(QStringView text, int column) {
-    // Offsets differ from row to row: only the other columns repeat their texts.
-    if (column == 1) return text.toString();
-    auto& seen = seen_[column];
-    const std::u16string_view key(text.utf16(), static_cast<std::size_t>(text.size()));
-    if (const auto found = seen.find(key); found != seen.end()) return found->second;
-    QString made = text.toString();
-    seen.emplace(std::u16string_view(reinterpret_cast<const char16_t*>(made.utf16()),
-                                     static_cast<std::size_t>(made.size())),
-                 made);
-    return made;
-}
-
 QString ChannelRows::add(QStringView text, int number) {
     auto at = [number](const QString& reason) {
         return QStringLiteral("line %1: %2").arg(number).arg(reason);
@@ -202,23 +190,35 @@ QString ChannelRows::add(QStringView text, int number) {
 
     if (mayPair_ && IsLowByteOf(line, waiting_)) {
         mayPair_ = false;
-        QStringList& row = rows_.last();
-        row[2] = line.offset.toString();
-        if (!IsHighLetter(waiting_.letter)) row[3] = TypeOfLetter(line.letter);
+        const int row = rows_.rows() - 1;
+        rows_.setCell(row, common::kDmx2, line.offset);
+        if (!IsHighLetter(waiting_.letter))
+            rows_.setCell(row, common::kChannelType, TypeOfLetter(line.letter));
         highest_ = std::max(highest_, OffsetOf(line.offset));
         return {};
     }
     if (const QString missing = finish(); !missing.isEmpty()) return missing;
-    if (rows_.size() >= kMaxChannelRows)
-        return at(QStringLiteral("the table holds at most %1 channels").arg(kMaxChannelRows));
-    QStringList row;
-    row.reserve(kChannelCells);
-    row << QStringLiteral("#") << cell(line.offset, 1) << QStringLiteral("0")
-        << TypeOfLetter(line.letter) << AttributeCell(line.attribute) << cell(line.key, 5)
-        << cell(line.wheel, 6) << cell(line.label, 7) << cell(line.curve, 8) << cell(line.inv, 9)
-        << cell(line.ratio, 10) << cell(line.locate, 11) << cell(line.highlight, 12)
-        << cell(line.lowlight, 13) << cell(line.comment, 14);
-    rows_.append(std::move(row));
+    if (rows_.rows() >= common::kMaxChannelRows)
+        return at(
+            QStringLiteral("the table holds at most %1 channels").arg(common::kMaxChannelRows));
+    const int row = rows_.rows();
+    rows_.appendRow();
+    const QStringView cells[] = {u"#",
+                                 line.offset,
+                                 u"0",
+                                 TypeOfLetter(line.letter),
+                                 AttributeCell(line.attribute),
+                                 line.key,
+                                 line.wheel,
+                                 line.label,
+                                 line.curve,
+                                 line.inv,
+                                 line.ratio,
+                                 line.locate,
+                                 line.highlight,
+                                 line.lowlight,
+                                 line.comment};
+    for (int col = 0; col < common::kChannelColumns; ++col) rows_.setCell(row, col, cells[col]);
     highest_ = std::max(highest_, OffsetOf(line.offset));
     waiting_ = line;
     waitingNumber_ = number;

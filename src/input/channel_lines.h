@@ -3,18 +3,13 @@
 // A 16-bit channel takes two lines: its own and, behind it, the line of its low byte,
 // which starts with "0 0 " and repeats everything behind the offset.
 
-#include <QList>
 #include <QString>
-#include <QStringList>
 #include <QStringView>
-#include <array>
-#include <string_view>
-#include <unordered_map>
+
+#include "common/channel_grid.h"
+#include "common/text_table.h"
 
 namespace input {
-
-inline constexpr int kChannelCells = 15;  // column 0, the line mark, to 14, the comment
-inline constexpr int kMaxChannelRows = 32767;
 
 // One channel line split into its fields, as written: views into the line's text.
 struct ChannelLine {
@@ -37,19 +32,13 @@ class ChannelRows {
     // After the last line: the reason when a 16-bit channel still waits for its low byte.
     QString finish() const;
 
-    // The cells of each row, column 0 to 14.
-    const QList<QStringList>& rows() const { return rows_; }
+    // The cells of each row, column 0 to 14, handed over.
+    common::TextTable takeRows() { return std::move(rows_); }
     // The highest offset the rows hold, in dmx1 or dmx2; 0 when none.
     int highestOffset() const { return highest_; }
 
   private:
-    // The text of a cell, shared with every cell of its column that holds the same text: a
-    // long table repeats a few texts many times over.
-    QString cell(QStringView text, int column);
-
-    std::array<std::unordered_map<std::u16string_view, QString>, kChannelCells> seen_;
-
-    QList<QStringList> rows_;
+    common::TextTable rows_{common::kChannelColumns};
     ChannelLine waiting_;  // the line of the last row while a low byte line may follow it
     int waitingNumber_ = 0;
     bool mayPair_ = false;

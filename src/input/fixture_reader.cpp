@@ -59,7 +59,7 @@ class Reader {
     explicit Reader(QStringView text) : lines_(text) {}
 
     ReadOutcome read() {
-        FixtureFile file;
+        common::Fixture file;
         const bool ok = readDevice(file) && readName(file) && readHead(file) &&
                         readChannels(file) && readPatchText(file);
         if (!ok) return {std::nullopt, error_};
@@ -80,18 +80,20 @@ class Reader {
         while (!lines_.atEnd() && IsComment(line())) lines_.next();
     }
 
-    bool readDevice(FixtureFile& file) {
+    bool readDevice(common::Fixture& file) {
         skipComments();
         if (lines_.atEnd() || !(line().startsWith(u"DEVICE ") || line() == u"DEVICE"))
             return fail(QStringLiteral("DEVICE expected"));
-        file.nameOnDesk = line().size() > 7 ? line().sliced(7).toString() : QString();
+        // The box holds 11 characters: a longer name is cut as the box cuts it.
+        if (line().size() > 7)
+            file.nameOnDesk = line().sliced(7).left(common::kNameOnDeskLength).toString();
         lines_.next();
         return true;
     }
 
     // NAME "{manufacturer}" "{model}": the quotes inside are not escaped, so the split is
     // chosen where both texts fit their boxes of 30 characters.
-    bool readName(FixtureFile& file) {
+    bool readName(common::Fixture& file) {
         skipComments();
         const QLatin1String head("NAME \"");
         if (lines_.atEnd() || !line().startsWith(head))
@@ -103,14 +105,15 @@ class Reader {
         qsizetype split = -1;
         for (qsizetype at = inner.indexOf(between); at >= 0; at = inner.indexOf(between, at + 1)) {
             if (split < 0) split = at;
-            if (at <= kNameLength && inner.size() - at - between.size() <= kNameLength) {
+            if (at <= common::kNameLength &&
+                inner.size() - at - between.size() <= common::kNameLength) {
                 split = at;
                 break;
             }
         }
         if (split < 0) return fail(QStringLiteral("NAME needs \"manufacturer\" \"model\""));
-        file.manufacturer = inner.first(split).toString();
-        file.model = inner.sliced(split + between.size()).toString();
+        file.manufacturer = inner.first(split).left(common::kNameLength).toString();
+        file.model = inner.sliced(split + between.size()).left(common::kNameLength).toString();
         lines_.next();
         return true;
     }
@@ -118,7 +121,7 @@ class Reader {
     // From NAME to DMX only the lines the wizard writes there may stand: comments, TYPE with
     // the channel count, MIRROR with the kind and degrees (which must come), the patching
     // block from DEVICEADDRESS to DAEND, and the three limits.
-    bool readHead(FixtureFile& file) {
+    bool readHead(common::Fixture& file) {
         bool mirror = false;
         bool inAddress = false;
         for (; !lines_.atEnd() && line() != u"DMX"; lines_.next()) {
@@ -162,27 +165,35 @@ class Reader {
         if (!l.startsWith(u"TYPE 1 ") || !l.endsWith(u" M"))
             return fail(QStringLiteral("TYPE needs 1, the channel count and M"));
         const QStringView count = l.sliced(7).chopped(2);
-        if (!IsWholeNumber(count) || count.toInt() > kMaxChannelRows)
+        if (!IsWholeNumber(count) || count.toInt() > common::kMaxChannelRows)
             return fail(QStringLiteral("TYPE needs 1, the channel count and M"));
         channelCount_ = count.toInt();
         return true;
     }
 
     // MIRROR {kind} {pan} {tilt}; the degrees are written as typed.
-    bool readMirror(QStringView l, FixtureFile& file) {
+    bool readMirror(QStringView l, common::Fixture& file) {
         const QStringView rest = l.sliced(7);
         const qsizetype first = rest.indexOf(u' ');
         const qsizetype second = first < 0 ? -1 : rest.indexOf(u' ', first + 1);
         const QStringView kind = first < 0 ? rest : rest.first(first);
         if (second < 0 || (kind != u"0" && kind != u"1" && kind != u"2"))
             return fail(QStringLiteral("MIRROR needs a kind of 0, 1 or 2, pan and tilt"));
-        file.mirrorKind = kind.toInt();
         file.pan = rest.sliced(first + 1, second - first - 1).toString();
         file.tilt = rest.sliced(second + 1).toString();
+        using common::FixtureType;
+        // Kind 0 with no degrees is what the other kind writes; any other kind 0 is a
+        // fixture with no type chosen and the degrees typed by hand.
+        if (kind == u"1")
+            file.type = FixtureType::kMirror;
+        else if (kind == u"2")
+            file.type = FixtureType::kMovingHead;
+        else if (file.pan == u"0" && file.tilt == u"0")
+            file.type = FixtureType::kOther;
         return true;
     }
 
-    bool readChannels(FixtureFile& file) {
+    bool readChannels(common::Fixture& file) {
         ChannelRows rows;
         for (lines_.next(); !lines_.atEnd() && line() != u"END"; lines_.next()) {
             const QString error = rows.add(line(), lines_.number());
@@ -196,14 +207,15 @@ class Reader {
             error_ = error;
             return false;
         }
-        file.channelRows = rows.rows();
+        const int highest = rows.highestOffset();
+        file.channels = rows.takeRows();
         // A row whose dmx2 was left empty writes no line, yet its offset counts: the count
         // of the file brings it back, as one such row behind the others.
-        if (channelCount_ > rows.highestOffset()) {
-            QStringList row(kChannelCells);
-            row[0] = QStringLiteral("#");
-            row[1] = QString::number(channelCount_);
-            file.channelRows.append(row);
+        if (channelCount_ > highest) {
+            const int row = file.channels.rows();
+            file.channels.appendRow();
+            file.channels.setCell(row, common::kMark, u"#");
+            file.channels.setCell(row, common::kDmx1, QString::number(channelCount_));
         }
         lines_.next();
         return true;
@@ -212,7 +224,7 @@ class Reader {
     // The patch text ends at the END that ATTR, obsolete and END follow, the last such END in
     // the file, so that a line END typed into the text stays part of it; behind the closing
     // END only comments may stand.
-    bool readPatchText(FixtureFile& file) {
+    bool readPatchText(common::Fixture& file) {
         skipComments();
         if (lines_.atEnd() || line() != u"TEXT") return fail(QStringLiteral("TEXT expected"));
         lines_.next();
@@ -255,7 +267,6 @@ class Reader {
         return true;
     }
 
-    static constexpr qsizetype kNameLength = 30;
     LineCursor lines_;
     int channelCount_ = 0;
     QString error_;

@@ -4,28 +4,18 @@
 // refused whole, with a reason that names the first line that could not be read.
 
 #include <QByteArray>
-#include <QList>
 #include <QString>
-#include <QStringList>
 #include <optional>
+
+#include "common/fixture.h"
 
 namespace input {
 
-// What the pages of the wizard hold of one fixture. The comment lines and the line with
-// the path, date and time are not kept: the wizard composes them anew.
-struct FixtureFile {
-    QString nameOnDesk;
-    QString manufacturer;
-    QString model;
-    int mirrorKind = 0;  // 1 mirror, 2 moving head, 0 any other kind or none chosen
-    QString pan;
-    QString tilt;
-    QList<QStringList> channelRows;  // the cells of each row, column 0 ("#") to 14
-    QString patchText;               // lines joined by CR LF, as the text box holds them
-};
-
+// What was read: the fixture as the pages hold it, each name cut to its box. The comment
+// lines and the line with the path, date and time are not kept: the wizard composes them
+// anew.
 struct ReadOutcome {
-    std::optional<FixtureFile> fixture;
+    std::optional<common::Fixture> fixture;
     QString error;  // why the file was refused, as "line 12: ..."
 };
 

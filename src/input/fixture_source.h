@@ -11,9 +11,9 @@
 namespace input {
 
 struct FixtureSource {
-    std::optional<FixtureFile> written;  // a written fixture file, ready to fill the pages
-    std::optional<QxfFixture> qxf;       // a QLC+ fixture: one of its modes fills the pages
-    QString error;                       // why the file was refused, when it was
+    std::optional<common::Fixture> written;  // a written fixture file, ready to fill the pages
+    std::optional<QxfFixture> qxf;           // a QLC+ fixture: one of its modes fills the pages
+    QString error;                           // why the file was refused, when it was
 };
 
 FixtureSource ReadFixtureSource(const QString& path);

@@ -222,7 +222,7 @@ class ModeMapper {
     ReadOutcome map() {
         if (mode_.channels.isEmpty())
             return {std::nullopt, QStringLiteral("the mode \"%1\" has no channel").arg(mode_.name)};
-        if (mode_.channels.size() > kMaxChannelRows)
+        if (mode_.channels.size() > common::kMaxChannelRows)
             return {std::nullopt,
                     QStringLiteral("the mode has more channels than the table holds")};
         for (int i = 0; i < mode_.channels.size(); ++i) {
@@ -241,12 +241,17 @@ class ModeMapper {
         countOccurrences();
         assignSlots();
 
-        FixtureFile file;
+        common::Fixture file;
         file.manufacturer = Cut(OneLine(fixture_.manufacturer), 30);
         file.model = Cut(OneLine(fixture_.model), 30);
         file.nameOnDesk = QxfNameOnDesk(fixture_, modeIndex_);
         setFixtureType(file);
-        for (const Row& row : rows_) file.channelRows.append(cells(row));
+        for (const Row& row : rows_) {
+            const QStringList texts = cells(row);
+            const int at = file.channels.rows();
+            file.channels.appendRow();
+            for (int col = 0; col < texts.size(); ++col) file.channels.setCell(at, col, texts[col]);
+        }
         file.patchText = OneLine(mode_.name) + QString::fromLatin1(common::kDefaultPatchText);
         return {std::move(file), QString()};
     }
@@ -386,19 +391,19 @@ class ModeMapper {
     }
 
     // No pan or tilt: any other kind. A mirror by its focus, or a scanner that is no head.
-    void setFixtureType(FixtureFile& file) const {
+    void setFixtureType(common::Fixture& file) const {
         bool moves = false;
         for (const ModeChannel& c : channels_) moves |= c.kind == &kPan || c.kind == &kTilt;
         const QString focus = mode_.focusType.isEmpty() ? fixture_.focusType : mode_.focusType;
         if (!moves) {
-            file.mirrorKind = 0;
+            file.type = common::FixtureType::kOther;
             file.pan = file.tilt = QStringLiteral("0");
         } else if (focus == u"Mirror" || (fixture_.type == u"Scanner" && focus != u"Head")) {
-            file.mirrorKind = 1;
+            file.type = common::FixtureType::kMirror;
             file.pan = QStringLiteral("180");
             file.tilt = QStringLiteral("90");
         } else {
-            file.mirrorKind = 2;
+            file.type = common::FixtureType::kMovingHead;
             file.pan = QStringLiteral("540");
             file.tilt = QStringLiteral("270");
         }

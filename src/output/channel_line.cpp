@@ -1,21 +1,10 @@
 #include "output/channel_line.h"
 
 #include "common/number.h"
-#include "gui/grid_model.h"
-#include "output/channel_columns.h"
-#include "wizard/main_form.h"
 
-using namespace output;
+using namespace common;  // the columns of a channel row and the kinds of channel
 
-ChannelKind output::KindOf(QStringView channelType) {
-    if (channelType == QLatin1String("HTP (usually dimmer)")) return ChannelKind::kHtp;
-    if (channelType == QLatin1String("FADEABLE LTP")) return ChannelKind::kFadeable;
-    if (channelType == QLatin1String("INDEXED LTP (not fadeable, such as gobo)"))
-        return ChannelKind::kIndexed;
-    return ChannelKind::kOther;
-}
-
-QLatin1String output::TypeLetter(ChannelKind kind, bool highByte) {
+QLatin1String TypeLetter(ChannelKind kind, bool highByte) {
     switch (kind) {
         case ChannelKind::kHtp:
             return highByte ? QLatin1String() : QLatin1String("H");
@@ -56,9 +45,8 @@ QString QuoteLabel(const QString& text) {
     return u'"' + text.sliced(start, end - start) + u'"';
 }
 
-std::optional<QString> BuildChannelLine(const MainForm& f, std::int16_t row, bool lowByte) {
-    const gui::GridModel& grid = *f.table.model();
-    auto cell = [&](int column) -> const QString& { return grid.Cell(row, column); };
+std::optional<QString> BuildChannelLine(const TextTable& rows, int row, bool lowByte) {
+    auto cell = [&](int column) -> const QString& { return rows.cell(row, column); };
 
     const std::optional<double> dmx2 = common::WholeNumber(cell(kDmx2));
     if (!dmx2) return std::nullopt;

@@ -6,15 +6,12 @@
 
 #include "common/code_page.h"
 #include "common/number.h"
-#include "gui/system.h"
-#include "output/channel_columns.h"
 #include "output/channel_line.h"
 #include "output/comment_lines.h"
-#include "wizard/main_form.h"
 
 namespace {
 
-constexpr int kMaxRows = 32767;  // the row counter is 16 bits wide
+using common::Fixture;
 constexpr double kDmxUniverse = 512;
 
 // The lines of the file, each in the file's code page and followed by CR LF.
@@ -31,34 +28,30 @@ class Lines {
     QByteArray bytes_;
 };
 
-QString SavedLine(const QString& path) {
-    const QDateTime now = gui::Now();
+QString SavedLine(const QString& path, const QDateTime& saved) {
     return QStringLiteral("; file ") + path + QStringLiteral(" saved ") +
-           now.toString(QStringLiteral("MM-dd-yyyy")) + now.toString(QStringLiteral("HH:mm:ss"));
+           saved.toString(QStringLiteral("MM-dd-yyyy")) +
+           saved.toString(QStringLiteral("HH:mm:ss"));
 }
 
-QString MirrorLine(const MainForm& f) {
-    const char kind = f.mirror.Value() ? '1' : f.movinghead.Value() ? '2' : '0';
-    return QStringLiteral("MIRROR ") + QLatin1Char(kind) + u' ' + f.degreespan.Text() + u' ' +
-           f.degreestilt.Text();
-}
-
-QString MaxDmxLine(const MainForm& f) {
-    const double channels = common::LeadingNumber(f.dmxchannels.Caption());
-    return QStringLiteral("MAXDMX=") + common::NumberText(kDmxUniverse - channels);
+QString MirrorLine(const Fixture& fixture) {
+    using common::FixtureType;
+    const char kind = fixture.type == FixtureType::kMirror       ? '1'
+                      : fixture.type == FixtureType::kMovingHead ? '2'
+                                                                 : '0';
+    return QStringLiteral("MIRROR ") + QLatin1Char(kind) + u' ' + fixture.pan + u' ' + fixture.tilt;
 }
 
 // One line per 8-bit row, two per 16-bit row; a row without a number in dmx2 writes none.
-void WriteChannelLines(const MainForm& f, Lines& w) {
-    const int rows = std::min(f.table.Rows(), kMaxRows + 1);
-    for (int r = 1; r < rows; ++r) {
-        const auto row = static_cast<std::int16_t>(r);
-        const std::optional<QString> first = BuildChannelLine(f, row, false);
+void WriteChannelLines(const common::TextTable& rows, Lines& w) {
+    const int count = std::min(rows.rows(), common::kMaxChannelRows);
+    for (int row = 0; row < count; ++row) {
+        const std::optional<QString> first = BuildChannelLine(rows, row, false);
         if (!first) continue;
         w.line(*first);
         // A row with a number above 0 in dmx2 is a 16-bit channel: its low byte line follows.
-        if (*common::WholeNumber(f.table.TextMatrix(r, output::kDmx2)) > 0)
-            w.line(*BuildChannelLine(f, row, true));
+        if (*common::WholeNumber(rows.cell(row, common::kDmx2)) > 0)
+            w.line(*BuildChannelLine(rows, row, true));
     }
 }
 
@@ -76,21 +69,23 @@ WriteOutcome Send(const QByteArray& bytes, QIODevice& out) {
 
 }  // namespace
 
-WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice& out) {
+WriteOutcome WriteFixtureFile(const Fixture& fixture, const QString& path, const QDateTime& saved,
+                              QIODevice& out) {
+    const QString& count = fixture.channelCount;
     Lines w;
-    for (const QString& comment : CommentLines(f.morecomment.Text())) w.line(comment);
+    for (const QString& comment : CommentLines(fixture.comment)) w.line(comment);
     w.line("; ");
     w.line("; ");
-    w.line(SavedLine(path));
+    w.line(SavedLine(path, saved));
     w.line("; ");
     w.line("; ");
-    w.line(QStringLiteral("DEVICE ") + f.nameondesk.Text());
-    w.line(QStringLiteral("NAME \"") + f.manifacturer.Text() + QStringLiteral("\" \"") +
-           f.model.Text() + u'"');
+    w.line(QStringLiteral("DEVICE ") + fixture.nameOnDesk);
+    w.line(QStringLiteral("NAME \"") + fixture.manufacturer + QStringLiteral("\" \"") +
+           fixture.model + u'"');
     w.line("; ");
-    w.line(QStringLiteral("TYPE 1 ") + f.dmxchannels.Caption() + QStringLiteral(" M"));
+    w.line(QStringLiteral("TYPE 1 ") + count + QStringLiteral(" M"));
     w.line("; ");
-    w.line(MirrorLine(f));
+    w.line(MirrorLine(fixture));
     w.line("; ");
     w.line("DEVICEADDRESS");
     w.line("\"Handle %2d\"h");
@@ -98,23 +93,24 @@ WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice&
     w.line("\"DMX %03d\"d");
     w.line("\"\"");
     w.line("\"\"");
-    w.line(QStringLiteral("\"Set to ") + f.dmxchannels.Caption() + QStringLiteral(" DMX, 8bit\""));
+    w.line(QStringLiteral("\"Set to ") + count + QStringLiteral(" DMX, 8bit\""));
     w.line("\"\"");
     w.line("\"\"");
     w.line("DAEND");
     w.line("; ");
     w.line("MINDMX=1");
-    w.line(MaxDmxLine(f));
+    w.line(QStringLiteral("MAXDMX=") +
+           common::NumberText(kDmxUniverse - common::LeadingNumber(count)));
     w.line("DIVBY=1");
     w.line("; ");
     w.line("; ");
     w.line("DMX");
-    WriteChannelLines(f, w);
+    WriteChannelLines(fixture.channels, w);
     w.line("END");
     w.line("; ");
     w.line("; ");
     w.line("TEXT");
-    w.line(f.patchdisplay.Text());
+    w.line(fixture.patchText);
     w.line("END");
     w.line("ATTR");
     w.line("obsolete");

@@ -1,17 +1,20 @@
 #pragma once
-// The fixture definition file: every line in its order, read from the form's controls at
-// the moment it is written.
+// The fixture definition file: every line in its order, written from one fixture value.
 
 #include <QString>
 
+#include "common/fixture.h"
+
+class QDateTime;
 class QIODevice;
-struct MainForm;
 
 struct WriteOutcome {
     bool ok = true;
     QString error;  // the device's reason when a write failed
 };
 
-// Writes the whole file for `path` (which line 4 names) into `out`, each line followed by
-// CR LF. The lines are composed first and then handed to `out` together.
-WriteOutcome WriteFixtureFile(const MainForm& f, const QString& path, QIODevice& out);
+// Writes the whole file of `fixture` into `out`, each line followed by CR LF; line 4 names
+// `path` and the time `saved`. The lines are composed first and then handed to `out`
+// together.
+WriteOutcome WriteFixtureFile(const common::Fixture& fixture, const QString& path,
+                              const QDateTime& saved, QIODevice& out);

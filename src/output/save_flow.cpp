@@ -7,7 +7,9 @@
 #include <algorithm>
 
 #include "gui/dialogs.h"
+#include "gui/system.h"
 #include "output/fixture_file.h"
+#include "output/form_fixture.h"
 #include "wizard/main_form.h"
 
 namespace {
@@ -26,7 +28,8 @@ QString DefaultName(const MainForm& f) {
 
 }  // namespace
 
-std::optional<QString> SaveFixtureFile(const MainForm& f, const QString& path) {
+std::optional<QString> SaveFixtureFile(const common::Fixture& fixture, const QString& path,
+                                       const QDateTime& saved) {
     // A pipe or a device is no file to replace: writing into it could wait for ever on a
     // reader, and the window with it.
     const QFileInfo target(path);
@@ -38,7 +41,7 @@ std::optional<QString> SaveFixtureFile(const MainForm& f, const QString& path) {
     // stays as it was.
     QSaveFile file(path);
     if (!file.open(kWriteMode)) return file.errorString();
-    const WriteOutcome written = WriteFixtureFile(f, path, file);
+    const WriteOutcome written = WriteFixtureFile(fixture, path, saved, file);
     if (!written.ok) {
         file.cancelWriting();
         return written.error;
@@ -60,7 +63,7 @@ void finished_Click(MainForm& f) {
 
     // The name as the user knows it, with the system's own separators.
     const QString path = QDir::toNativeSeparators(browse.FileName);
-    if (const std::optional<QString> reason = SaveFixtureFile(f, path)) {
+    if (const std::optional<QString> reason = SaveFixtureFile(ReadForm(f), path, gui::Now())) {
         gui::MsgBox(
             QStringLiteral("File ") + path + QStringLiteral(" could not be written: ") + *reason,
             gui::kCritical, caption);

@@ -1,13 +1,18 @@
 #pragma once
 // Finished: the save dialog, writing the fixture definition file, the closing message.
 
+#include <QDateTime>
 #include <QString>
 #include <optional>
+
+#include "common/fixture.h"
 
 struct MainForm;
 
 void finished_Click(MainForm& f);
 
-// Writes the fixture file to `path` so that an existing file stays whole until the new one
-// is complete. The reason when it could not be written, nothing on success.
-std::optional<QString> SaveFixtureFile(const MainForm& f, const QString& path);
+// Writes the file of `fixture` to `path`, saved at `saved`, so that an existing file stays
+// whole until the new one is complete. The reason when it could not be written, nothing on
+// success.
+std::optional<QString> SaveFixtureFile(const common::Fixture& fixture, const QString& path,
+                                       const QDateTime& saved);

@@ -4,15 +4,14 @@
 #include <optional>
 #include <vector>
 
-#include "channels/channel_table.h"
 #include "common/number.h"
-#include "output/channel_columns.h"
 #include "output/channel_line.h"
+#include "output/form_fixture.h"
 #include "wizard/main_form.h"
 
 namespace {
 
-using namespace output;  // the columns of the channel grid and the kinds of channel
+using namespace common;  // the columns of the channel grid and the kinds of channel
 
 bool WholeWithin(const QString& text, int low, int high) {
     const std::optional<double> v = common::WholeNumber(text.trimmed());
@@ -28,34 +27,28 @@ long Offset(const QString& text) {
     return static_cast<long>(common::RoundHalfEven(common::LeadingNumber(text)));
 }
 
-QString CheckGeneralData(const MainForm& f) {
-    if (f.manifacturer.Text().trimmed().isEmpty())
-        return QStringLiteral("Manifacturer cannot be empty!");
-    if (f.model.Text().trimmed().isEmpty()) return QStringLiteral("Model cannot be empty!");
-    const QString name = f.nameondesk.Text();
-    if (name.isEmpty() || name.contains(u' '))
+QString CheckGeneralData(const Fixture& f) {
+    if (f.manufacturer.trimmed().isEmpty()) return QStringLiteral("Manifacturer cannot be empty!");
+    if (f.model.trimmed().isEmpty()) return QStringLiteral("Model cannot be empty!");
+    if (f.nameOnDesk.isEmpty() || f.nameOnDesk.contains(u' '))
         return QStringLiteral("Name on desk cannot contain spaces or be empty!");
-    if (!f.movinghead.Value() && !f.mirror.Value() && !f.otherkind.Value())
-        return QStringLiteral("Please choose type of fixture!");
-    if (!f.otherkind.Value()) {
-        if (!WholeWithin(f.degreespan.Text(), 1, 719))
-            return QStringLiteral("Pan degrees must be 1 to 719!");
-        if (!WholeWithin(f.degreestilt.Text(), 1, 359))
-            return QStringLiteral("Tilt degrees must be 1 to 359!");
+    if (f.type == FixtureType::kNone) return QStringLiteral("Please choose type of fixture!");
+    if (f.type != FixtureType::kOther) {
+        if (!WholeWithin(f.pan, 1, 719)) return QStringLiteral("Pan degrees must be 1 to 719!");
+        if (!WholeWithin(f.tilt, 1, 359)) return QStringLiteral("Tilt degrees must be 1 to 359!");
     }
     return {};
 }
 
 // Walks the rows that reach the file; fills `used` with the offsets they take.
-QString CheckChannels(const MainForm& f, QSet<long>& used) {
-    const gui::Grid& t = f.table;
+QString CheckChannels(const TextTable& t, QSet<long>& used) {
     bool htpSeen = false;
     QSet<QString> keyAssignments;
-    for (int row = 1; row < t.Rows(); ++row) {
-        const std::optional<double> dmx2 = common::WholeNumber(t.TextMatrix(row, kDmx2));
-        if (!dmx2) continue;  // this row writes no line
-        const QString at = QString::number(row);
-        const long high = Offset(t.TextMatrix(row, kDmx1));
+    for (int row = 0; row < t.rows(); ++row) {
+        const std::optional<double> dmx2 = common::WholeNumber(t.cell(row, kDmx2));
+        if (!dmx2) continue;                          // this row writes no line
+        const QString at = QString::number(row + 1);  // the grid line, counted from 1
+        const long high = Offset(t.cell(row, kDmx1));
         const long low = static_cast<long>(common::RoundHalfEven(*dmx2));
         if (high == 0) return QStringLiteral("DMX cannot be zero! Maybe one unused row to delete?");
         if (used.contains(high) || (low > 0 && (used.contains(low) || low == high)))
@@ -63,7 +56,7 @@ QString CheckChannels(const MainForm& f, QSet<long>& used) {
         used.insert(high);
         if (low > 0) used.insert(low);
 
-        const ChannelKind kind = KindOf(t.TextMatrix(row, kChannelType));
+        const ChannelKind kind = KindOf(t.cell(row, kChannelType));
         if (kind == ChannelKind::kOther)
             return QStringLiteral("Invalid Channel Type at line ") + at;
         if (kind == ChannelKind::kHtp) {
@@ -78,32 +71,35 @@ QString CheckChannels(const MainForm& f, QSet<long>& used) {
                            "line ") +
                        at;
         }
-        const QString wheel = LeadingToken(t.TextMatrix(row, kWheel));
+        const QString wheel = LeadingToken(t.cell(row, kWheel));
         if (wheel != u"1" && wheel != u"61")
             return QStringLiteral("Wheel must be 1 (A) or 61 (B) at line ") + at;
-        const QString key = t.TextMatrix(row, kKey);
+        const QString key = t.cell(row, kKey);
         if (!NumberWithin(key, 1, 20))
             return QStringLiteral("Key ID out of bounds (1-20) at line ") + at;
         const QString assignment = QString::number(Offset(key)) + u'/' + wheel;
         if (keyAssignments.contains(assignment))
             return QStringLiteral("Key assignament duplicated at line ") + at;
         keyAssignments.insert(assignment);
-        if (!NumberWithin(t.TextMatrix(row, kRatio), 1, 100))
+        if (!NumberWithin(t.cell(row, kRatio), 1, 100))
             return QStringLiteral("Ratio % value out of bounds (1-100) at line ") + at;
-        if (!NumberWithin(t.TextMatrix(row, kLocate), 0, 255))
+        if (!NumberWithin(t.cell(row, kLocate), 0, 255))
             return QStringLiteral("Locate value out of bounds (0-255) at line ") + at;
-        if (!NumberWithin(t.TextMatrix(row, kHighlight), 0, 255))
+        if (!NumberWithin(t.cell(row, kHighlight), 0, 255))
             return QStringLiteral("Highligt value out of bounds (0-255) at line ") + at;
-        if (!NumberWithin(t.TextMatrix(row, kLowlight), 0, 255))
+        if (!NumberWithin(t.cell(row, kLowlight), 0, 255))
             return QStringLiteral("Lolight value out of bounds (0-255) at line ") + at;
     }
     return {};
 }
 
-QString FirstFault(const MainForm& f, int channelCount) {
+}  // namespace
+
+QString FirstFault(const Fixture& f) {
     if (QString fault = CheckGeneralData(f); !fault.isEmpty()) return fault;
     QSet<long> used;
-    if (QString fault = CheckChannels(f, used); !fault.isEmpty()) return fault;
+    if (QString fault = CheckChannels(f.channels, used); !fault.isEmpty()) return fault;
+    const int channelCount = ChannelCount(f.channels);
     for (long offset = 1; offset <= channelCount; ++offset)
         if (!used.contains(offset))
             return QStringLiteral("Unused dmx channel (") + QString::number(offset) +
@@ -111,10 +107,8 @@ QString FirstFault(const MainForm& f, int channelCount) {
     return {};
 }
 
-}  // namespace
-
 void GiveAdvice(MainForm& f) {
-    const int channelCount = NextFreeDmx(f) - 1;
-    f.dmxchannels.setCaption(QString::number(channelCount));
-    f.errormessage[3].setCaption(FirstFault(f, channelCount));
+    const Fixture fixture = ReadForm(f);
+    f.dmxchannels.setCaption(QString::number(ChannelCount(fixture.channels)));
+    f.errormessage[kFinishPage].setCaption(FirstFault(fixture));
 }

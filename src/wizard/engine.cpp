@@ -1,6 +1,7 @@
 #include "wizard/engine.h"
 
 #include "channels/cell_editor.h"
+#include "common/channel_grid.h"
 #include "gui/dialogs.h"
 #include "gui/system.h"
 #include "input/command_line.h"
@@ -12,7 +13,7 @@
 namespace {
 
 constexpr int kPageCount = 7;
-constexpr int kFinishPage = 3;
+using common::kFinishPage;
 const QString kQuitQuestion =
     QStringLiteral("Are you sure you want to quit? Any data collected will be lost!");
 

@@ -1,32 +1,49 @@
 #include "wizard/fixture_pages.h"
 
 #include "gui/system.h"
+#include "output/form_fixture.h"
 #include "wizard/main_form.h"
 
-namespace {
-
-void SetDegrees(MainForm& f, const char* pan, const char* tilt, bool enabled) {
-    f.degreespan.setEnabled(enabled);
-    f.degreestilt.setEnabled(enabled);
-    f.degreespan.setText(QString::fromLatin1(pan));
-    f.degreestilt.setText(QString::fromLatin1(tilt));
+std::optional<TypeDegrees> DegreesOf(common::FixtureType type) {
+    using common::FixtureType;
+    switch (type) {
+        case FixtureType::kOther:
+            return TypeDegrees{QStringLiteral("0"), QStringLiteral("0"), false};
+        case FixtureType::kMovingHead:
+            return TypeDegrees{QStringLiteral("540"), QStringLiteral("270"), true};
+        case FixtureType::kMirror:
+            return TypeDegrees{QStringLiteral("180"), QStringLiteral("90"), true};
+        case FixtureType::kNone:
+            break;
+    }
+    return std::nullopt;
 }
 
-}  // namespace
+QString ComposedComment(const QString& manufacturer, const QString& model, const QDateTime& now) {
+    return now.toString(QStringLiteral("MM-dd-yyyy")) + u' ' +
+           now.toString(QStringLiteral("HH:mm:ss")) + u' ' + manufacturer + u' ' + model +
+           QStringLiteral("- Created with ") + QLatin1String(texts::kCaption);
+}
+
+common::Fixture AtFinishPage(common::Fixture fixture, const QDateTime& now) {
+    if (const std::optional<TypeDegrees> degrees = DegreesOf(fixture.type)) {
+        fixture.pan = degrees->pan;
+        fixture.tilt = degrees->tilt;
+    }
+    fixture.comment = ComposedComment(fixture.manufacturer, fixture.model, now);
+    fixture.channelCount = QString::number(common::ChannelCount(fixture.channels));
+    return fixture;
+}
 
 void ApplyDegreesDefaults(MainForm& f) {
-    if (f.otherkind.Value())
-        SetDegrees(f, "0", "0", false);
-    else if (f.movinghead.Value())
-        SetDegrees(f, "540", "270", true);
-    else if (f.mirror.Value())
-        SetDegrees(f, "180", "90", true);
+    const std::optional<TypeDegrees> degrees = DegreesOf(FormType(f));
+    if (!degrees) return;
+    f.degreespan.setEnabled(degrees->typed);
+    f.degreestilt.setEnabled(degrees->typed);
+    f.degreespan.setText(degrees->pan);
+    f.degreestilt.setText(degrees->tilt);
 }
 
 void ComposeComment(MainForm& f) {
-    const QDateTime now = gui::Now();
-    f.morecomment.setText(now.toString(QStringLiteral("MM-dd-yyyy")) + u' ' +
-                          now.toString(QStringLiteral("HH:mm:ss")) + u' ' + f.manifacturer.Text() +
-                          u' ' + f.model.Text() + QStringLiteral("- Created with ") +
-                          f.main.Caption());
+    f.morecomment.setText(ComposedComment(f.manifacturer.Text(), f.model.Text(), gui::Now()));
 }

@@ -13,24 +13,23 @@
 #include <unistd.h>
 #endif
 
+#include "gui/system.h"
 #include "input/command_line.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
 #include "output/save_flow.h"
-#include "wizard/engine.h"
-#include "wizard/main_form.h"
-#include "wizard/open_fixture.h"
+#include "wizard/advice.h"
+#include "wizard/fixture_pages.h"
 
 namespace {
 
-constexpr int kFinishPage = 3;
 constexpr int kProgressFrom = 50;  // fewer files than this go by too fast to need it
 
 // One fixture to fill the form with: a written fixture file, or one mode of a QLC+ fixture.
 struct Job {
     QString name;  // how the reports name it: the file, and the mode of a QLC+ fixture
     QString stem;  // manufacturer, model and mode, for the name of a converted file
-    std::optional<input::FixtureFile> fixture;
+    std::optional<common::Fixture> fixture;
     QString error;  // why it was refused
 };
 
@@ -130,22 +129,6 @@ class Reports {
     bool failed_ = false;
 };
 
-// The one form that every fixture of a run fills in turn, as the wizard does when a file is
-// opened, then brought to the page where the file is saved.
-class HiddenWizard {
-  public:
-    HiddenWizard() { Form_Load(form_); }
-
-    MainForm& reachFinishPage(const input::FixtureFile& fixture) {
-        ShowOpenedFixture(form_, fixture);
-        while (form_.CurrentStep < kFinishPage) nexts_Click(form_);
-        return form_;
-    }
-
-  private:
-    MainForm form_;
-};
-
 }  // namespace
 
 LibraryStreams LibraryStreams::Standard() {
@@ -163,7 +146,6 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
         return 1;
     }
     Reports reports(streams, line.files.size());
-    HiddenWizard wizard;
     QSet<QString> written;  // names given in this run, in lower case: none is given twice
     for (const QString& path : line.files) {
         for (const Job& job : JobsOf(path, line.mode)) {
@@ -181,8 +163,8 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
                                QStringLiteral(" exists; --force replaces it"));
                 continue;
             }
-            if (const std::optional<QString> reason =
-                    SaveFixtureFile(wizard.reachFinishPage(*job.fixture), file)) {
+            const common::Fixture finished = AtFinishPage(*job.fixture, gui::Now());
+            if (const std::optional<QString> reason = SaveFixtureFile(finished, file, gui::Now())) {
                 reports.refuse(job.name + QStringLiteral(": ") + file +
                                QStringLiteral(" could not be written: ") + *reason);
                 continue;
@@ -196,15 +178,13 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
 
 int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
     Reports reports(streams, line.files.size());
-    HiddenWizard wizard;
     for (const QString& path : line.files) {
         for (const Job& job : JobsOf(path, line.mode)) {
             if (!job.fixture) {
                 reports.refuse(job.name + QStringLiteral(": ") + job.error);
                 continue;
             }
-            const QString advice =
-                wizard.reachFinishPage(*job.fixture).errormessage[kFinishPage].Caption();
+            const QString advice = FirstFault(AtFinishPage(*job.fixture, gui::Now()));
             if (!advice.isEmpty()) reports.markFailed();
             reports.say(job.name + QStringLiteral(": ") +
                         (advice.isEmpty() ? QStringLiteral("ok") : advice));

@@ -1,8 +1,8 @@
 #pragma once
 // For fixture libraries: converting QLC+ fixtures into fixture files and checking fixture
-// files, many in one run and with no window. Both fill the form exactly as opening the file
-// in the wizard does, go to the page where the file is saved, and there write or read the
-// advice, so that a converted file is the file the wizard writes.
+// files, many in one run, with no window and no widget. Both take each fixture as the
+// wizard holds it on the page where the file is saved after opening it, and there write it
+// or give its advice, so that a converted file is the file the wizard writes.
 
 #include <cstdio>
 

@@ -7,6 +7,7 @@
 #include "common/channel_presets.h"
 #include "gui/choosers.h"
 #include "gui/dialogs.h"
+#include "gui/grid_model.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
 #include "wizard/engine.h"
@@ -14,30 +15,35 @@
 
 namespace {
 
-void SelectFixtureType(MainForm& f, const input::FixtureFile& file) {
-    f.degreespan.setText(file.pan);
-    f.degreestilt.setText(file.tilt);
-    if (file.mirrorKind == 1) {
-        f.mirror.setValue(true);
-    } else if (file.mirrorKind == 2) {
-        f.movinghead.setValue(true);
-    } else if (file.pan == u"0" && file.tilt == u"0") {
-        // Kind 0 with no degrees is what the other kind writes; any other kind 0 is a
-        // fixture with no type chosen and the degrees typed by hand.
-        f.otherkind.setValue(true);
-    } else {
-        for (gui::OptionButton* option : {&f.movinghead, &f.mirror, &f.otherkind})
-            option->setValue(false);
+void SelectFixtureType(MainForm& f, const common::Fixture& fixture) {
+    using common::FixtureType;
+    f.degreespan.setText(fixture.pan);
+    f.degreestilt.setText(fixture.tilt);
+    switch (fixture.type) {
+        case FixtureType::kMirror:
+            f.mirror.setValue(true);
+            break;
+        case FixtureType::kMovingHead:
+            f.movinghead.setValue(true);
+            break;
+        case FixtureType::kOther:
+            f.otherkind.setValue(true);
+            break;
+        case FixtureType::kNone:
+            for (gui::OptionButton* option : {&f.movinghead, &f.mirror, &f.otherkind})
+                option->setValue(false);
+            break;
     }
 }
 
-// The file's rows take the place of the table's rows; a file without channel lines leaves
-// one empty row that reaches no line of the file.
-void FillChannelTable(MainForm& f, QList<QStringList> rows) {
-    if (rows.isEmpty())
-        f.table.ReplaceRows({QStringList(QStringLiteral("1"))});
-    else
-        f.table.ReplaceRows(std::move(rows));
+// The fixture's rows take the place of the table's rows; a fixture without channel rows
+// leaves one empty row that reaches no line of the file.
+void FillChannelTable(MainForm& f, common::TextTable rows) {
+    if (rows.rows() == 0) {
+        rows.appendRow();
+        rows.setCell(0, common::kMark, u"1");
+    }
+    f.table.model()->ReplaceBody(std::move(rows));
 }
 
 // Whether the pages hold anything beyond what the wizard starts with.
@@ -84,18 +90,18 @@ std::optional<int> PickMode(MainForm& f, const QString& path, const input::QxfFi
 
 }  // namespace
 
-void FillFromFixture(MainForm& f, input::FixtureFile file) {
-    f.manifacturer.setText(file.manufacturer);
-    f.model.setText(file.model);
-    f.nameondesk.setText(file.nameOnDesk);
-    SelectFixtureType(f, file);
-    FillChannelTable(f, std::move(file.channelRows));
-    f.patchdisplay.setText(file.patchText);
+void FillFromFixture(MainForm& f, common::Fixture fixture) {
+    f.manifacturer.setText(fixture.manufacturer);
+    f.model.setText(fixture.model);
+    f.nameondesk.setText(fixture.nameOnDesk);
+    SelectFixtureType(f, fixture);
+    FillChannelTable(f, std::move(fixture.channels));
+    f.patchdisplay.setText(fixture.patchText);
 }
 
-void ShowOpenedFixture(MainForm& f, input::FixtureFile file) {
+void ShowOpenedFixture(MainForm& f, common::Fixture fixture) {
     table_Click(f);
-    FillFromFixture(f, std::move(file));
+    FillFromFixture(f, std::move(fixture));
     f.CurrentStep = 0;
     ShowStep(f);
 }
@@ -103,7 +109,7 @@ void ShowOpenedFixture(MainForm& f, input::FixtureFile file) {
 bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
     input::FixtureSource source = input::ReadFixtureSource(path);
     const bool written = source.written.has_value();
-    std::optional<input::FixtureFile> file = std::move(source.written);
+    std::optional<common::Fixture> file = std::move(source.written);
     if (source.qxf) {
         const std::optional<int> picked = PickMode(f, path, *source.qxf, mode);
         if (!picked) return false;

@@ -5,18 +5,17 @@
 
 #include <QString>
 
+#include "common/fixture.h"
+
 struct MainForm;
-namespace input {
-struct FixtureFile;
-}
 
-// Fills the pages from `file`: names, fixture type and degrees, the channel table (whose
-// rows are replaced by the file's rows) and the patch text.
-void FillFromFixture(MainForm& f, input::FixtureFile file);
+// Fills the pages from `fixture`: names, fixture type and degrees, the channel table (whose
+// rows are replaced by the fixture's rows) and the patch text.
+void FillFromFixture(MainForm& f, common::Fixture fixture);
 
-// Fills the pages from `file` and shows the first page with the buttons as at the start;
+// Fills the pages from `fixture` and shows the first page with the buttons as at the start;
 // an open cell edit is finished first, on the table it was opened on.
-void ShowOpenedFixture(MainForm& f, input::FixtureFile file);
+void ShowOpenedFixture(MainForm& f, common::Fixture fixture);
 
 // Reads the file at `path` whole and fills the pages from it, then shows the first page as
 // at the start. Of a QLC+ fixture, `mode` picks the mode by name or number; without it a

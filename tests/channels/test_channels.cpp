@@ -7,6 +7,7 @@
 #include "channels/channel_table.h"
 #include "channels/edit_classes.h"
 #include "channels/presets.h"
+#include "common/channel_grid.h"
 #include "gui/testing.h"
 #include "support/form_fixture.h"
 
@@ -82,12 +83,12 @@ class TestChannels : public FormFixture {
         gui::Grid& table = form().table;
         // The model tester would check the whole model at each of the thirty thousand rows.
         qDeleteAll(ModelOf(table)->findChildren<QAbstractItemModelTester*>());
-        while (table.Rows() < channels::kMaxChannelRows) table.AddItem(QStringLiteral("x"));
+        while (table.Rows() < common::kMaxChannelRows) table.AddItem(QStringLiteral("x"));
         Command6_Click(form(), 6);  // three rows, and one place left
         Command6_Click(form(), 0);
         Click(form().add);
         Command6_Click(form(), 0);
-        QCOMPARE(table.Rows() - 1, channels::kMaxChannelRows);
+        QCOMPARE(table.Rows() - 1, common::kMaxChannelRows);
         QCOMPARE(table.TextMatrix(table.Rows() - 1, 7), "Pan");
     }
     // Ready-made rows, at the next free offset: one past the largest dmx1 or dmx2 of any row.

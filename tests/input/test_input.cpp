@@ -65,11 +65,14 @@ class TestInput : public FormFixture {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, expected);
         const input::ReadOutcome outcome = input::ReadFixtureBytes(bytes);
-        const input::FixtureFile f = outcome.fixture.value_or(input::FixtureFile());
-        QStringList read = {
-            f.nameOnDesk, f.manufacturer, f.model,     QString::number(f.mirrorKind),
-            f.pan,        f.tilt,         f.patchText, QString()};
-        for (const QStringList& cells : f.channelRows) read.last() += cells.join(u'|') + u'/';
+        const common::Fixture f = outcome.fixture.value_or(common::Fixture());
+        const int kind = f.type == common::FixtureType::kMirror       ? 1
+                         : f.type == common::FixtureType::kMovingHead ? 2
+                                                                      : 0;
+        QStringList read = {f.nameOnDesk, f.manufacturer, f.model,     QString::number(kind),
+                            f.pan,        f.tilt,         f.patchText, QString()};
+        for (int row = 0; row < f.channels.rows(); ++row)
+            read.last() += RowCells(f.channels, row).join(u'|') + u'/';
         read.last().chop(1);
         QCOMPARE(outcome.fixture ? read.join(u'|') : outcome.error, expected);
     }

@@ -17,11 +17,13 @@
 #include "channels/edit_classes.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
+#include "gui/system.h"
 #include "gui/testing.h"
 #include "input/command_line.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
 #include "output/fixture_file.h"
+#include "output/form_fixture.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
 #include "wizard/engine.h"
@@ -79,11 +81,16 @@ QByteArray Qxf(const QString& channels, const QStringList& modes,
 
 // The pages in short: kind, name on desk, then per row dmx1, dmx2, the channel type's first
 // letter, attribute type, key/wheel and label, " / " between rows.
-QString Summary(const input::FixtureFile& f) {
+QString Summary(const common::Fixture& f) {
     QStringList rows;
-    for (const QStringList& c : f.channelRows)
+    for (int row = 0; row < f.channels.rows(); ++row) {
+        const QStringList c = RowCells(f.channels, row);
         rows << QStringList{c[1], c[2], c[3].left(1), c[4], c[5] + u'/' + c[6], c[7]}.join(u',');
-    return QString::number(f.mirrorKind) + u' ' + f.nameOnDesk + QStringLiteral(": ") +
+    }
+    const int kind = f.type == common::FixtureType::kMirror       ? 1
+                     : f.type == common::FixtureType::kMovingHead ? 2
+                                                                  : 0;
+    return QString::number(kind) + u' ' + f.nameOnDesk + QStringLiteral(": ") +
            rows.join(QStringLiteral(" / "));
 }
 
@@ -139,7 +146,7 @@ class TestQxf : public FormFixture {
         QVERIFY2(mapped.fixture, qPrintable(mapped.error));
         QCOMPARE(Summary(*mapped.fixture), pages);
         // The whole QLC+ name is the comment; the mode's name the first line for the desk.
-        const QStringList& first = mapped.fixture->channelRows.first();
+        const QStringList first = RowCells(mapped.fixture->channels, 0);
         QCOMPARE(first[14], read.fixture->modes[0].channels[first[1].toInt() - 1]);
         QVERIFY(mapped.fixture->patchText.startsWith("Mode 1\r\n\r\nINPUT fixture DMX No.\r\n"));
     }
@@ -192,12 +199,12 @@ class TestQxf : public FormFixture {
         const QString folder = QStringLiteral("/usr/share/qlcplus/fixtures");
         if (!QFileInfo(folder).isDir()) QSKIP("qlcplus-data is not installed");
         gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
-        const auto written = [&](const input::FixtureFile& fixture) {
+        const auto written = [&](const common::Fixture& fixture) {
             ShowOpenedFixture(form(), fixture);
             while (form().CurrentStep < 3) nexts_Click(form());
             QBuffer file;
             file.open(QIODevice::WriteOnly);
-            WriteFixtureFile(form(), QStringLiteral("/lib/F.R20"), file);
+            WriteFixtureFile(ReadForm(form()), QStringLiteral("/lib/F.R20"), gui::Now(), file);
             return file.data();
         };
         int files = 0, modes = 0;
@@ -213,9 +220,10 @@ class TestQxf : public FormFixture {
                 const input::ReadOutcome mapped = input::MapQxfMode(*source.qxf, m);
                 const QString where = path + " mode " + QString::number(m + 1);
                 QVERIFY2(mapped.fixture, qPrintable(where + ": " + mapped.error));
-                const input::FixtureFile& f = *mapped.fixture;
+                const common::Fixture& f = *mapped.fixture;
                 QSet<int> offsets;
-                for (const QStringList& row : f.channelRows) {
+                for (int r = 0; r < f.channels.rows(); ++r) {
+                    const QStringList row = RowCells(f.channels, r);
                     for (int column = 1; column < 15; ++column)
                         QVERIFY2(EditorAccepts(column, row[column]),
                                  qPrintable(where + ": " + row.join(u'|')));
@@ -432,7 +440,7 @@ class TestQxf : public FormFixture {
         QVERIFY(OpenFixtureFile(form(), qxf, QStringLiteral("Mode 1")));
         goToPage(3);
         const QString saved = dir.filePath("saved.R20");
-        QVERIFY(!SaveFixtureFile(form(), saved));
+        QVERIFY(!SaveFixtureFile(ReadForm(form()), saved, gui::Now()));
         const QByteArray converted = ReadBytes(first);
         QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
     }

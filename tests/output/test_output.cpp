@@ -13,6 +13,7 @@
 #include "gui/testing.h"
 #include "output/channel_line.h"
 #include "output/comment_lines.h"
+#include "output/form_fixture.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
 #include "wizard/fixture_pages.h"
@@ -85,8 +86,9 @@ class TestOutput : public FormFixture {
                  : kind == u"label"         ? QuoteLabel(text)
                  : kind == u"comment lines" ? CommentLines(text).join(u'|')
                  : kind == u"bytes"         ? QString::fromLatin1(ToFileBytes(text))
-                 : kind == u"line"          ? BuildChannelLine(form(), 1, false).value_or(none)
-                                            : BuildChannelLine(form(), 1, true).value_or(none),
+                 : kind == u"line"
+                     ? BuildChannelLine(ReadForm(form()).channels, 0, false).value_or(none)
+                     : BuildChannelLine(ReadForm(form()).channels, 0, true).value_or(none),
                  expected);
     }
     void wholeFile_data() {

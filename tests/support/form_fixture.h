@@ -32,6 +32,15 @@ class FormFixture : public QObject {
     std::unique_ptr<MainForm> form_;
 };
 
+// The cells of row `row` of a table of cell texts.
+#include "common/text_table.h"
+
+inline QStringList RowCells(const common::TextTable& table, int row) {
+    QStringList cells;
+    for (int col = 0; col < table.cols(); ++col) cells << table.cell(row, col);
+    return cells;
+}
+
 // Files the tests write and read back whole.
 #include <QFile>
 

@@ -1,0 +1,43 @@
+#pragma once
+// Rows of cell texts, held compactly: a cell is the number of its text, and each distinct
+// text is stored once. A full channel table repeats a few dozen texts half a million times,
+// and a copy of the table shares its texts and cells until one of them changes.
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+#include <string_view>
+#include <unordered_map>
+
+namespace common {
+
+class TextTable {
+  public:
+    explicit TextTable(int cols = 0) : cols_(cols) {}
+
+    int rows() const { return cols_ == 0 ? 0 : static_cast<int>(cells_.size() / cols_); }
+    int cols() const { return cols_; }
+
+    // A place outside the table reads as an empty cell and takes no text.
+    const QString& cell(int row, int col) const;
+    void setCell(int row, int col, QStringView text);
+
+    // A row of empty cells before `row` (at the end for rows()).
+    void insertRow(int row);
+    void appendRow() { insertRow(rows()); }
+    void removeRow(int row);
+
+  private:
+    bool inside(int row, int col) const {
+        return row >= 0 && row < rows() && col >= 0 && col < cols_;
+    }
+    quint32 numberOf(QStringView text);
+
+    int cols_;
+    QList<quint32> cells_;          // row after row: the number of each cell's text
+    QStringList texts_{QString()};  // every text a cell has held; 0 is the empty one
+    std::unordered_map<std::u16string_view, quint32> numbers_;  // views into `texts_`
+};
+
+}  // namespace common
