@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -387,6 +388,39 @@ class TestQxf : public FormFixture {
                                       .arg(l.files.join(u','), l.mode, l.targetDir)
                                       .arg(int(l.force));
         QCOMPARE(got, parsed);
+    }
+    // The library commands are for machines without a display: a copy of the program whose
+    // qt.conf leads to no plugin at all converts, checks and answers; the wizard itself
+    // cannot start so, not even offscreen.
+    void commandsNeedNoPlatform() {
+        QTemporaryDir dir;
+        const QString program = dir.filePath("rigwright");
+        QVERIFY(QFile::copy(qEnvironmentVariable("RIGWRIGHT_PROGRAM"), program));
+        QVERIFY(WriteBytes(dir.filePath("qt.conf"), "[Paths]\nPlugins = no-plugins\n"));
+        const QString qxf = dir.filePath("beam.qxf");
+        QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Pan|Dim"})));
+        const QString converted = dir.filePath("lib/Lumenfab-Beam575-Mode1.R20");
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("QT_QPA_PLATFORM", "offscreen");
+        env.remove("QT_PLUGIN_PATH");
+        const QList<std::pair<QStringList, int>> runs = {
+            {{"--convert", "--to", dir.filePath("lib"), qxf}, 0},
+            {{"--check", converted, qxf}, 0},
+            {{"--version"}, 0},
+            {{"--help"}, 0},
+            {{}, -1}};  // the wizard: no platform, no window
+        for (const auto& [arguments, code] : runs) {
+            QProcess run;
+            run.setProcessEnvironment(env);
+            run.start(program, arguments);
+            QVERIFY(run.waitForFinished(20000));
+            const QString said = run.readAllStandardError();
+            const bool exited = run.exitStatus() == QProcess::NormalExit;
+            QVERIFY2(code < 0 ? !exited || run.exitCode() != 0
+                              : exited && run.exitCode() == code && said.isEmpty(),
+                     qPrintable(arguments.join(' ') + ": " + said));
+        }
+        QVERIFY(QFileInfo(converted).isFile());
     }
     // One writer, one check: a mode converted on the command line is, but for the date and time,
     // the file Finished writes after opening it; the check says what Step 4 says.
