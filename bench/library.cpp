@@ -7,8 +7,11 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
+#include <QSaveFile>
 #include <QTemporaryDir>
+#include <QXmlStreamReader>
 #include <cstdio>
 
 #include "gui/application.h"
@@ -39,11 +42,58 @@ QStringList InstalledFixtures() {
     return files;
 }
 
-double StartMs(const QString& self, const QStringList& args) {
+// The figures a child prints: milliseconds, and resident MiB where it gives them.
+QList<QByteArray> ChildFigures(const QString& self, const QStringList& args) {
     QProcess p;
     p.start(self, args);
     p.waitForFinished(60000);
-    return p.readAllStandardOutput().trimmed().split(' ').value(0).toDouble();
+    return p.readAllStandardOutput().trimmed().split(' ');
+}
+
+double StartMs(const QString& self, const QStringList& args) {
+    return ChildFigures(self, args).value(0).toDouble();
+}
+
+// The floors of the library commands: what any program must do with the same files.
+
+// Reading every file and walking its XML, token by token.
+double XmlWalkMs(const QStringList& files) {
+    QElapsedTimer timer;
+    timer.start();
+    for (const QString& path : files) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly)) continue;
+        QXmlStreamReader xml(file.readAll());
+        while (!xml.atEnd()) xml.readNext();
+    }
+    return timer.nsecsElapsed() / 1e6;
+}
+
+// Writing as many files of the same sizes into `folder`, one after the other, each through a
+// temporary file that replaces it when complete.
+double SaveFilesMs(const QStringList& like, const QString& folder) {
+    QDir().mkpath(folder);
+    QElapsedTimer timer;
+    timer.start();
+    for (const QString& path : like) {
+        QSaveFile file(folder + u'/' + QFileInfo(path).fileName());
+        file.open(QIODevice::WriteOnly);
+        file.write(QByteArray(QFileInfo(path).size(), 'x'));
+        file.commit();
+    }
+    return timer.nsecsElapsed() / 1e6;
+}
+
+// Reading every file and splitting it into its lines.
+double ReadLinesMs(const QStringList& files) {
+    QElapsedTimer timer;
+    timer.start();
+    qsizetype lines = 0;
+    for (const QString& path : files) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly)) lines += file.readAll().split('\n').size();
+    }
+    return lines > 0 ? timer.nsecsElapsed() / 1e6 : 0;
 }
 
 // Milliseconds of one run of the program with `args`, its output thrown away.
@@ -69,7 +119,7 @@ int OpenChild(int argc, char** argv) {
     const QString file = QString::fromLocal8Bit(argv[2]);
     StartWizard(form, file == u"-" ? QString() : file, QString::fromLocal8Bit(argv[3]));
     gui::testing::PaintNow(form.main);
-    std::printf("%f\n", timer.nsecsElapsed() / 1e6);
+    std::printf("%f %f\n", timer.nsecsElapsed() / 1e6, bench::ResidentMiB());
     return 0;
 }
 
@@ -146,7 +196,14 @@ void LibraryRows(std::vector<bench::Row>& rows, const QString& self, MainForm& f
     const QString to = visible ? QStringLiteral(", to the window shown")
                                : QStringLiteral(", to the first paint (offscreen)");
     rows.push_back(
-        {"open a fixture file of 32,767 rows" + to, bench::Median(big), "ms", start, 2.0, 0});
+        {"open a fixture file of 32,767 rows" + to, bench::Median(big), "ms", start, 1.3, 0});
+    std::vector<double> emptyMiB, bigMiB;
+    for (int i = 0; i < 3; ++i) {
+        emptyMiB.push_back(ChildFigures(self, {"--open-form", "-", {}}).value(1).toDouble());
+        bigMiB.push_back(ChildFigures(self, {"--open-form", bigFile, {}}).value(1).toDouble());
+    }
+    rows.push_back({"open a fixture file of 32,767 rows: resident memory beyond the empty start",
+                    bench::Median(bigMiB) - bench::Median(emptyMiB), "MiB", 0, 0, 8});
     if (files.isEmpty()) return;
     rows.push_back({QStringLiteral("open the largest QLC+ mode (%1 channels)").arg(most) + to,
                     bench::Median(qxf), "ms", start, 1.2, 0});
@@ -157,17 +214,23 @@ void LibraryRows(std::vector<bench::Row>& rows, const QString& self, MainForm& f
 
     const QString program =
         QCoreApplication::applicationDirPath() + QStringLiteral("/../src/rigwright");
+    const double walkMs = XmlWalkMs(files);
+    rows.push_back({QStringLiteral("--check of all %L1 QLC+ fixtures; floor: walking their XML")
+                        .arg(files.size()),
+                    ProgramMs(program, QStringList{"--check"} + files), "ms", walkMs, 1.5, 0});
     const QString out = dir.filePath(QStringLiteral("lib"));
     const double convertMs = ProgramMs(program, QStringList{"--convert", "--to", out} + files);
-    rows.push_back({QStringLiteral("--convert of all %L1 modes in one call (%L2 files a second)")
-                        .arg(modes)
-                        .arg(qRound(modes / (convertMs / 1000))),
-                    convertMs, "ms", 0, 0, 10000});
     QStringList written;
     for (const QString& name : QDir(out).entryList({QStringLiteral("*.R20")}))
         written << out + u'/' + name;
-    rows.push_back({QStringLiteral("--check of the %L1 converted files").arg(written.size()),
-                    ProgramMs(program, QStringList{"--check"} + written), "ms", 0, 0, 5000});
+    const double saveMs = SaveFilesMs(written, dir.filePath(QStringLiteral("floor")));
+    rows.push_back({QStringLiteral("--convert of all %L1 modes; floor: saving files of their sizes")
+                        .arg(modes),
+                    convertMs, "ms", saveMs, 1.25, 0});
+    const double linesMs = ReadLinesMs(written);
+    rows.push_back({QStringLiteral("--check of the %L1 converted files; floor: reading their lines")
+                        .arg(written.size()),
+                    ProgramMs(program, QStringList{"--check"} + written), "ms", linesMs, 3.0, 0});
 
     QProcess p;
     p.start(self, {"--convert-memory", "-"});

@@ -51,7 +51,7 @@ bool Row::met() const {
 }
 
 void Print(const std::vector<Row>& rows) {
-    std::printf("%-64s %12s %12s %6s  %-18s %s\n", "work", "figure", "floor", "ratio", "target",
+    std::printf("%-72s %12s %12s %6s  %-18s %s\n", "work", "figure", "floor", "ratio", "target",
                 "met");
     int targets = 0;
     int failed = 0;
@@ -67,7 +67,7 @@ void Print(const std::vector<Row>& rows) {
             r.floor > 0 ? QString::number(r.floor, 'f', 2) + u' ' + r.unit : QStringLiteral("-");
         const QString ratio =
             r.floor > 0 ? QString::number(r.figure / r.floor, 'f', 2) : QStringLiteral("-");
-        std::printf("%-64s %12s %12s %6s  %-18s %s\n", qPrintable(r.work), qPrintable(figure),
+        std::printf("%-72s %12s %12s %6s  %-18s %s\n", qPrintable(r.work), qPrintable(figure),
                     qPrintable(floor), qPrintable(ratio), qPrintable(target),
                     !r.target() ? "-"
                     : r.met()   ? "yes"

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "common/channel_grid.h"
+
 namespace channels {
 namespace {
 
@@ -22,13 +24,14 @@ constexpr std::array<Bounds, 7> kBounds{{
 }};
 
 // Indexed by column of the channel grid, "#" to "comment".
-constexpr std::array<int, 15> kColumnClass{
+constexpr std::array<int, common::kChannelColumns> kColumnClass{
     kFreeText, kOffset, kLowByte, kChoice, kChoice, kKey,   kChoice,   kFreeText,
     kChoice,   kChoice, kRatio,   kLevel,  kLevel,  kLevel, kFreeText,
 };
 
-const QString kChannelTypes =
-    QStringLiteral("HTP (usually dimmer);FADEABLE LTP;INDEXED LTP (not fadeable, such as gobo)");
+const QString kChannelTypes = QLatin1String(common::kHtpType) + u';' +
+                              QLatin1String(common::kFadeableType) + u';' +
+                              QLatin1String(common::kIndexedType);
 const QString kAttributeTypes = QStringLiteral(
     "A> ColourWheel1;N> ColourWheel2;E> Pan;F> Tilt;G> Iris;H> Dimmer;I> Gobo1;J> Gobo2;"
     "K> Gobo1Rotate;M> Gobo2Rotate;L> Focus;O> Shutter;P> Prism;Q> Zoom;R> EffectRotate;"

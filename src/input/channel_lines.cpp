@@ -6,9 +6,9 @@ namespace {
 
 using common::kLabelLength;
 constexpr int kMostDigits = 5;  // no offset, key or ratio the wizard writes is longer
-const QString kHtp = QStringLiteral("HTP (usually dimmer)");
-const QString kFadeable = QStringLiteral("FADEABLE LTP");
-const QString kIndexed = QStringLiteral("INDEXED LTP (not fadeable, such as gobo)");
+const QString kHtp = QLatin1String(common::kHtpType);
+const QString kFadeable = QLatin1String(common::kFadeableType);
+const QString kIndexed = QLatin1String(common::kIndexedType);
 
 // Walks a line field by field; a field ends at the next blank.
 class Fields {
@@ -108,7 +108,7 @@ bool IsHighLetter(QStringView letter) {
 }
 
 // An offset the wizard writes is a 16-bit value.
-constexpr int kMaxOffset = 32767;
+constexpr int kMaxOffset = common::kMaxChannelRows;
 
 // The value of at most five digits, which the line's form has checked already.
 int OffsetOf(QStringView digits) {
