@@ -1,5 +1,7 @@
 #include "common/text_table.h"
 
+#include <QHashFunctions>
+
 namespace common {
 
 const QString& TextTable::cell(int row, int col) const {
@@ -8,23 +10,31 @@ const QString& TextTable::cell(int row, int col) const {
     return texts_[cells_[static_cast<qsizetype>(row) * cols_ + col]];
 }
 
-quint32 TextTable::numberOf(QStringView text) {
-    if (text.isEmpty()) return 0;
-    const std::u16string_view key(reinterpret_cast<const char16_t*>(text.utf16()),
-                                  static_cast<std::size_t>(text.size()));
-    if (const auto found = numbers_.find(key); found != numbers_.end()) return found->second;
-    // The view stays valid while any copy of the table holds the text: texts never change.
-    texts_.append(text.toString());
-    const QString& kept = texts_.constLast();
-    const auto number = static_cast<quint32>(texts_.size() - 1);
-    numbers_.emplace(
-        std::u16string_view(reinterpret_cast<const char16_t*>(kept.utf16()), key.size()), number);
-    return number;
+void TextTable::rehash() {
+    slots_.fill(0, std::max<qsizetype>(64, slots_.size() * 2));
+    const qsizetype mask = slots_.size() - 1;
+    for (qsizetype number = 1; number < texts_.size(); ++number) {
+        qsizetype at = qHash(texts_[number]) & mask;
+        while (slots_[at] != 0) at = (at + 1) & mask;
+        slots_[at] = static_cast<quint32>(number);
+    }
 }
 
-void TextTable::setCell(int row, int col, QStringView text) {
+quint32 TextTable::numberOf(QStringView text, const QString* whole) {
+    if (text.isEmpty()) return 0;
+    if (2 * texts_.size() >= slots_.size()) rehash();
+    const qsizetype mask = slots_.size() - 1;
+    qsizetype at = qHash(text) & mask;
+    for (; slots_[at] != 0; at = (at + 1) & mask)
+        if (texts_[slots_[at]] == text) return slots_[at];
+    texts_.append(whole ? *whole : text.toString());
+    slots_[at] = static_cast<quint32>(texts_.size() - 1);
+    return slots_[at];
+}
+
+void TextTable::setCell(int row, int col, QStringView text, const QString* whole) {
     if (!inside(row, col)) return;
-    cells_[static_cast<qsizetype>(row) * cols_ + col] = numberOf(text);
+    cells_[static_cast<qsizetype>(row) * cols_ + col] = numberOf(text, whole);
 }
 
 void TextTable::insertRow(int row) {

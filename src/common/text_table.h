@@ -7,8 +7,6 @@
 #include <QString>
 #include <QStringList>
 #include <QStringView>
-#include <string_view>
-#include <unordered_map>
 
 namespace common {
 
@@ -21,7 +19,9 @@ class TextTable {
 
     // A place outside the table reads as an empty cell and takes no text.
     const QString& cell(int row, int col) const;
-    void setCell(int row, int col, QStringView text);
+    void setCell(int row, int col, QStringView text) { setCell(row, col, text, nullptr); }
+    // A text that is new to the table is kept as it is, its characters shared.
+    void setCell(int row, int col, const QString& text) { setCell(row, col, text, &text); }
 
     // A row of empty cells before `row` (at the end for rows()).
     void insertRow(int row);
@@ -32,12 +32,16 @@ class TextTable {
     bool inside(int row, int col) const {
         return row >= 0 && row < rows() && col >= 0 && col < cols_;
     }
-    quint32 numberOf(QStringView text);
+    void setCell(int row, int col, QStringView text, const QString* whole);
+    quint32 numberOf(QStringView text, const QString* whole);
+    void rehash();
 
     int cols_;
     QList<quint32> cells_;          // row after row: the number of each cell's text
     QStringList texts_{QString()};  // every text a cell has held; 0 is the empty one
-    std::unordered_map<std::u16string_view, quint32> numbers_;  // views into `texts_`
+    // The numbers of the texts by their hash: open addressing, 0 marks a free slot, and the
+    // slots are at least twice as many as the texts.
+    QList<quint32> slots_;
 };
 
 }  // namespace common

@@ -41,9 +41,30 @@ QString CheckGeneralData(const Fixture& f) {
 }
 
 // Walks the rows that reach the file; fills `used` with the offsets they take.
-QString CheckChannels(const TextTable& t, QSet<long>& used) {
+// The offsets the rows take: nearly all lie within 16 bits, so those are marked in a map of
+// bits and only the rest goes to a set.
+class Offsets {
+  public:
+    bool contains(long offset) const {
+        return Near(offset) ? near_[offset + kBias] : far_.contains(offset);
+    }
+    void insert(long offset) {
+        if (Near(offset))
+            near_[offset + kBias] = true;
+        else
+            far_.insert(offset);
+    }
+
+  private:
+    static constexpr long kBias = 32768;
+    static bool Near(long offset) { return offset >= -kBias && offset < kBias; }
+    std::vector<bool> near_ = std::vector<bool>(2 * kBias);
+    QSet<long> far_;
+};
+
+QString CheckChannels(const TextTable& t, Offsets& used) {
     bool htpSeen = false;
-    QSet<QString> keyAssignments;
+    bool keyTaken[21][2] = {};  // by key, 1 to 20, and wheel, A or B
     for (int row = 0; row < t.rows(); ++row) {
         const std::optional<double> dmx2 = common::WholeNumber(t.cell(row, kDmx2));
         if (!dmx2) continue;                          // this row writes no line
@@ -74,13 +95,12 @@ QString CheckChannels(const TextTable& t, QSet<long>& used) {
         const QString wheel = LeadingToken(t.cell(row, kWheel));
         if (wheel != u"1" && wheel != u"61")
             return QStringLiteral("Wheel must be 1 (A) or 61 (B) at line ") + at;
-        const QString key = t.cell(row, kKey);
+        const QString& key = t.cell(row, kKey);
         if (!NumberWithin(key, 1, 20))
             return QStringLiteral("Key ID out of bounds (1-20) at line ") + at;
-        const QString assignment = QString::number(Offset(key)) + u'/' + wheel;
-        if (keyAssignments.contains(assignment))
-            return QStringLiteral("Key assignament duplicated at line ") + at;
-        keyAssignments.insert(assignment);
+        bool& taken = keyTaken[Offset(key)][wheel == u"61"];
+        if (taken) return QStringLiteral("Key assignament duplicated at line ") + at;
+        taken = true;
         if (!NumberWithin(t.cell(row, kRatio), 1, 100))
             return QStringLiteral("Ratio % value out of bounds (1-100) at line ") + at;
         if (!NumberWithin(t.cell(row, kLocate), 0, 255))
@@ -97,7 +117,7 @@ QString CheckChannels(const TextTable& t, QSet<long>& used) {
 
 QString FirstFault(const Fixture& f) {
     if (QString fault = CheckGeneralData(f); !fault.isEmpty()) return fault;
-    QSet<long> used;
+    Offsets used;
     if (QString fault = CheckChannels(f.channels, used); !fault.isEmpty()) return fault;
     const int channelCount = ChannelCount(f.channels);
     for (long offset = 1; offset <= channelCount; ++offset)

@@ -25,11 +25,15 @@ QString ComposedComment(const QString& manufacturer, const QString& model, const
            QStringLiteral("- Created with ") + QLatin1String(texts::kCaption);
 }
 
-common::Fixture AtFinishPage(common::Fixture fixture, const QDateTime& now) {
+void ApplyTypeDegrees(common::Fixture& fixture) {
     if (const std::optional<TypeDegrees> degrees = DegreesOf(fixture.type)) {
         fixture.pan = degrees->pan;
         fixture.tilt = degrees->tilt;
     }
+}
+
+common::Fixture AtFinishPage(common::Fixture fixture, const QDateTime& now) {
+    ApplyTypeDegrees(fixture);
     fixture.comment = ComposedComment(fixture.manufacturer, fixture.model, now);
     fixture.channelCount = QString::number(common::ChannelCount(fixture.channels));
     return fixture;

@@ -22,6 +22,9 @@ std::optional<TypeDegrees> DegreesOf(common::FixtureType type);
 // The comment the finish page composes at `now` for a fixture of these names.
 QString ComposedComment(const QString& manufacturer, const QString& model, const QDateTime& now);
 
+// The degrees of the fixture's type, when it has one.
+void ApplyTypeDegrees(common::Fixture& fixture);
+
 // The fixture as the finish page holds it when reached from the first page at `now`: the
 // degrees of its type, the composed comment and the channel count of its rows.
 common::Fixture AtFinishPage(common::Fixture fixture, const QDateTime& now);

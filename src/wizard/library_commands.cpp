@@ -58,9 +58,16 @@ bool CanMakeFilesIn(const QDir& folder) {
 // Every fixture a file brings: the file itself when it is a written fixture file, each mode
 // of a QLC+ fixture (or the one `mode` names), or the reason it brings none.
 QList<Job> JobsOf(const QString& path, const QString& mode) {
-    const input::FixtureSource source = input::ReadFixtureSource(path);
-    if (source.written) return {{path, QFileInfo(path).completeBaseName(), source.written, {}}};
-    if (!source.qxf) return {{path, {}, std::nullopt, source.error}};
+    input::FixtureSource source = input::ReadFixtureSource(path);
+    QList<Job> jobs;
+    if (source.written) {
+        jobs.append({path, QFileInfo(path).completeBaseName(), std::move(source.written), {}});
+        return jobs;
+    }
+    if (!source.qxf) {
+        jobs.append({path, {}, std::nullopt, source.error});
+        return jobs;
+    }
     const input::QxfFixture& fixture = *source.qxf;
     QList<int> modes;
     if (mode.isEmpty()) {
@@ -68,10 +75,10 @@ QList<Job> JobsOf(const QString& path, const QString& mode) {
     } else if (const std::optional<int> found = input::FindQxfMode(fixture, mode)) {
         modes << *found;
     } else {
-        return {
-            {path, {}, std::nullopt, QStringLiteral("the fixture has no mode \"%1\"").arg(mode)}};
+        jobs.append(
+            {path, {}, std::nullopt, QStringLiteral("the fixture has no mode \"%1\"").arg(mode)});
+        return jobs;
     }
-    QList<Job> jobs;
     for (const int i : modes) {
         input::ReadOutcome mapped = input::MapQxfMode(fixture, i);
         const QString stem = FileNamePart(fixture.manufacturer) + u'-' +
@@ -148,7 +155,7 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
     Reports reports(streams, line.files.size());
     QSet<QString> written;  // names given in this run, in lower case: none is given twice
     for (const QString& path : line.files) {
-        for (const Job& job : JobsOf(path, line.mode)) {
+        for (Job& job : JobsOf(path, line.mode)) {
             if (!job.fixture) {
                 reports.refuse(job.name + QStringLiteral(": ") + job.error);
                 continue;
@@ -163,7 +170,7 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
                                QStringLiteral(" exists; --force replaces it"));
                 continue;
             }
-            const common::Fixture finished = AtFinishPage(*job.fixture, gui::Now());
+            const common::Fixture finished = AtFinishPage(std::move(*job.fixture), gui::Now());
             if (const std::optional<QString> reason = SaveFixtureFile(finished, file, gui::Now())) {
                 reports.refuse(job.name + QStringLiteral(": ") + file +
                                QStringLiteral(" could not be written: ") + *reason);
@@ -179,12 +186,14 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
 int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
     Reports reports(streams, line.files.size());
     for (const QString& path : line.files) {
-        for (const Job& job : JobsOf(path, line.mode)) {
+        for (Job& job : JobsOf(path, line.mode)) {
             if (!job.fixture) {
                 reports.refuse(job.name + QStringLiteral(": ") + job.error);
                 continue;
             }
-            const QString advice = FirstFault(AtFinishPage(*job.fixture, gui::Now()));
+            // The advice looks at no comment: only the degrees change on the way there.
+            ApplyTypeDegrees(*job.fixture);
+            const QString advice = FirstFault(*job.fixture);
             if (!advice.isEmpty()) reports.markFailed();
             reports.say(job.name + QStringLiteral(": ") +
                         (advice.isEmpty() ? QStringLiteral("ok") : advice));
