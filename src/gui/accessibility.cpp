@@ -8,6 +8,8 @@
 #include <QRadioButton>
 #include <QTimer>
 
+#include "gui/text_reader.h"
+
 namespace gui::detail {
 namespace {
 
@@ -173,6 +175,7 @@ QAccessibleInterface* Reader(const QString&, QObject* object) {
     if (as == "picture") return new PictureReader(static_cast<QWidget*>(object));
     if (as == "frame") return new FrameReader(static_cast<QGroupBox*>(object));
     if (as == "label") return new LabelReader(static_cast<QLabel*>(object));
+    if (as == "text") return NewTextReader(static_cast<QWidget*>(object));
     return new ComboBoxReader(static_cast<QComboBox*>(object));
 }
 
@@ -201,6 +204,9 @@ void SpeakAsPicture(QWidget* picture) {
 }
 void SpeakAsOption(QWidget* option) {
     SpeakAs(option, "option");
+}
+void SpeakAsTextInput(QWidget* input) {
+    SpeakAs(input, "text");
 }
 void SpeakAsWindow(QWidget* window) {
     SpeakAs(window, "window");

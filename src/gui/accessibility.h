@@ -29,6 +29,10 @@ void SpeakAsPicture(QWidget* picture);
 // An option is also labelled by the label set as its property "rigwrightLabelledBy".
 void SpeakAsOption(QWidget* option);
 
+// A line edit or text edit reads its text a character, word, sentence or line at a time, each
+// question answered at once: Qt 6.4's own reading of a line edit never answers some of them.
+void SpeakAsTextInput(QWidget* input);
+
 // The window is read as a frame, the kind of object a screen reader takes for a window.
 void SpeakAsWindow(QWidget* window);
 

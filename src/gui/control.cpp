@@ -302,6 +302,7 @@ void TextBox::create(Control& parent, const QString& name, const Look& look) {
     tag_ = look.tag;
     if (look.multiLine) {
         multi_ = new detail::MultiLineBox;
+        detail::SpeakAsTextInput(multi_);
         adopt(multi_, parent, name, look);
         multi_->setAcceptRichText(false);
         multi_->setTabChangesFocus(true);
@@ -321,6 +322,7 @@ void TextBox::create(Control& parent, const QString& name, const Look& look) {
         return;
     }
     line_ = new QLineEdit;
+    detail::SpeakAsTextInput(line_);
     adopt(line_, parent, name, look);
     line_->setAlignment(AlignmentOf(look.align) | Qt::AlignVCenter);
     if (look.maxLength > 0) line_->setMaxLength(look.maxLength);
@@ -364,6 +366,11 @@ void ComboBox::create(Control& parent, const QString& name, const Look& look) {
     detail::NameLikeAnInput(box_);
     adopt(box_, parent, name, look);
     box_->setEditable(true);
+    // The edit box that Qt makes is read at once, while a screen reader runs, by Qt's own
+    // reading; this one is read as the other text inputs are.
+    auto* edit = new QLineEdit;
+    detail::SpeakAsTextInput(edit);
+    box_->setLineEdit(edit);
     box_->setCompleter(nullptr);
     box_->setInsertPolicy(QComboBox::NoInsert);
     box_->setMaxVisibleItems(24);
