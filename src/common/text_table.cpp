@@ -37,8 +37,10 @@ quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (2 * texts_.size() >= slots_.size()) rehash();
     const qsizetype mask = slots_.size() - 1;
     qsizetype at = HashOf(text) & mask;
-    for (; slots_[at] != 0; at = (at + 1) & mask)
-        if (texts_[slots_[at]] == text) return slots_[at];
+    const quint32* const taken = slots_.constData();
+    const QString* const texts = texts_.constData();
+    for (; taken[at] != 0; at = (at + 1) & mask)
+        if (texts[taken[at]] == text) return taken[at];
     texts_.append(whole ? *whole : text.toString());
     slots_[at] = static_cast<quint32>(texts_.size() - 1);
     return slots_[at];
