@@ -7,8 +7,8 @@
 #include "channels/channel_table.h"
 #include "channels/edit_classes.h"
 #include "channels/presets.h"
-#include "gui/testing.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 
 using namespace gui::testing;
 

@@ -8,9 +8,9 @@
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "input/fixture_reader.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/start.h"
 
 namespace {

@@ -10,11 +10,11 @@
 #include "common/code_page.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "output/channel_line.h"
 #include "output/comment_lines.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/fixture_pages.h"
 
 #ifdef Q_OS_UNIX

@@ -7,9 +7,9 @@
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/open_fixture.h"
 
 using namespace gui::testing;

@@ -10,8 +10,8 @@
 #include "channels/presets.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/advice.h"
 
 using gui::testing::Click;

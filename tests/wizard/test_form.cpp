@@ -4,8 +4,8 @@
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/engine.h"
 
 using namespace gui::testing;
