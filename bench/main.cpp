@@ -212,7 +212,7 @@ void ChannelActionRows(std::vector<bench::Row>& rows, MainForm& f, int channelRo
     const QString target = dir.filePath(QStringLiteral("BIG.R20"));
     const auto answersQueued = [&] {
         gui::seams::QueueSaveAnswer(target);
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
     };
     onChannelPage();
     AddActionRows(

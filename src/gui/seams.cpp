@@ -34,7 +34,7 @@ namespace gui::seams {
 
 using detail::Seams;
 
-void QueueMsgBoxAnswer(int answer) {
+void QueueMsgBoxAnswer(MsgButton answer) {
     Seams().testMode = true;
     Seams().msgBoxAnswers.push_back(answer);
 }

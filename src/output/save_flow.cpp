@@ -63,9 +63,9 @@ void finished_Click(MainForm& f) {
     if (const std::optional<QString> reason = SaveFixtureFile(f, path)) {
         gui::MsgBox(
             QStringLiteral("File ") + path + QStringLiteral(" could not be written: ") + *reason,
-            gui::kCritical, caption);
+            {.icon = gui::MsgIcon::Critical}, caption);
         return;
     }
     gui::MsgBox(QStringLiteral("File ") + path + QStringLiteral(" has been created!"),
-                gui::kInformation, caption);
+                {.icon = gui::MsgIcon::Information}, caption);
 }

@@ -190,7 +190,7 @@ class TestFinishPage : public FormFixture {
                        : QTest::keyClick(QGuiApplication::focusWindow(), c.toLatin1());
         QTemporaryDir dir;
         gui::seams::QueueSaveAnswer(dir.filePath(QStringLiteral("T.R20")));
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         Click(form().finished);
         const QByteArray file = ReadBytes(dir.filePath(QStringLiteral("T.R20")));
         if (comment)  // nothing else in the comment
