@@ -45,7 +45,9 @@ void DragWithin(QWidget* widget, QPoint from, QPoint to) {
 void ClickAt(QWidget* widget, QPoint at, int clicks, Qt::KeyboardModifiers modifiers = {}) {
     QTest::mouseClick(widget, Qt::LeftButton, modifiers, at);
     if (clicks < 2) return;
-    // QTest's double click sends the double-click event alone; a real one ends with a release.
+    // QTest's double click sends the double-click event alone; a real one comes after the
+    // second press and ends with a release.
+    QTest::mousePress(widget, Qt::LeftButton, modifiers, at);
     QTest::mouseDClick(widget, Qt::LeftButton, modifiers, at);
     QTest::mouseRelease(widget, Qt::LeftButton, modifiers, at);
 }
@@ -89,6 +91,11 @@ void ClickMark(Grid& grid, int row, Qt::KeyboardModifiers modifiers, int clicks)
     QHeaderView* marks = grid.view()->verticalHeader();
     const int y = marks->sectionViewportPosition(row - 1) + marks->sectionSize(row - 1) / 2;
     ClickAt(marks->viewport(), QPoint(marks->width() / 2, y), clicks, modifiers);
+}
+
+void ClickBelowMarks(Grid& grid) {
+    QWidget* marks = grid.view()->verticalHeader()->viewport();
+    ClickAt(marks, QPoint(marks->width() / 2, marks->height() - 2), 1);
 }
 
 QAbstractItemModel* ModelOf(Grid& grid) {

@@ -27,6 +27,7 @@ void ClickEmptyArea(Grid& grid, int clicks = 1);             // below the last r
 void ClickHead(Grid& grid, int col, int clicks = 1);  // a column's head; column 0's is the corner
 void ClickMark(Grid& grid, int row,                   // the mark of a row, in the fixed column
                Qt::KeyboardModifiers modifiers = {}, int clicks = 1);
+void ClickBelowMarks(Grid& grid);  // the fixed column, below the last row's mark
 QAbstractItemModel* ModelOf(Grid& grid);
 // The grid's body rows, each as its cells from the mark on, joined by `between`.
 QStringList RowsOf(const Grid& grid, QChar between);
