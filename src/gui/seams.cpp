@@ -77,9 +77,6 @@ int UnansweredCalls() {
 void FixClock(const QDateTime& when) {
     Seams().fixedClock = when;
 }
-void FreeClock() {
-    Seams().fixedClock.reset();
-}
 bool EndRequested() {
     return Seams().endRequested;
 }

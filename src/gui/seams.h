@@ -50,7 +50,6 @@ int PendingAnswers();   // answers queued and not used yet
 int UnansweredCalls();  // dialogs that came up in a test with no answer queued
 
 void FixClock(const QDateTime& when);
-void FreeClock();
 
 bool EndRequested();
 
