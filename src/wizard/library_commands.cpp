@@ -13,6 +13,7 @@
 #include <unistd.h>
 #endif
 
+#include "common/system_names.h"
 #include "gui/system.h"
 #include "input/command_line.h"
 #include "input/fixture_source.h"
@@ -99,32 +100,40 @@ class Reports {
           showProgress_(streams.progress && files > kProgressFrom) {}
     ~Reports() { clearProgress(); }
 
-    void say(const QString& text) {
-        clearProgress();
-        std::fputs((text + u'\n').toLocal8Bit().constData(), streams_.out);
-    }
+    void say(const QString& text) { print(streams_.out, text); }
     void refuse(const QString& text) {
         failed_ = true;
-        clearProgress();
-        std::fputs((text + u'\n').toLocal8Bit().constData(), streams_.err);
+        print(streams_.err, text);
     }
     void fileDone() {
         ++done_;
-        if (!showProgress_) return;
-        const QLocale english(QLocale::English);
-        const QString line =
-            QStringLiteral("\r%1 of %2").arg(english.toString(done_), english.toString(files_));
-        std::fputs(line.toLocal8Bit().constData(), streams_.err);
-        std::fflush(streams_.err);
-        progressShown_ = true;
+        drawProgress();
     }
     void markFailed() { failed_ = true; }
     int exitCode() const { return failed_ ? 1 : 0; }
 
   private:
+    // One line, at once: a run stopped midway has shown every file it wrote. The progress
+    // makes room for it and then stands again below it.
+    void print(std::FILE* stream, const QString& text) {
+        clearProgress();
+        std::fputs(common::ToSystemBytes(text + u'\n').constData(), stream);
+        std::fflush(stream);
+        drawProgress();
+    }
+    void drawProgress() {
+        if (!showProgress_ || done_ == 0) return;
+        const QLocale english(QLocale::English);
+        const QString line =
+            QStringLiteral("\r%1 of %2").arg(english.toString(done_), english.toString(files_));
+        std::fputs(line.toLatin1().constData(), streams_.err);
+        std::fflush(streams_.err);
+        progressShown_ = true;
+    }
     void clearProgress() {
         if (!progressShown_) return;
         std::fputs("\r\033[K", streams_.err);
+        std::fflush(streams_.err);
         progressShown_ = false;
     }
 
@@ -150,6 +159,7 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
                        .toLocal8Bit()
                        .constData(),
                    streams.err);
+        std::fflush(streams.err);
         return 1;
     }
     Reports reports(streams, line.files.size());
