@@ -66,6 +66,14 @@ QByteArray ToSystemBytes(const QString& text) {
 
 #endif
 
+std::filesystem::path SystemPath(const QString& path) {
+#ifdef Q_OS_WIN
+    return path.toStdWString();
+#else
+    return ToSystemBytes(path).toStdString();
+#endif
+}
+
 bool HasKeptBytes(const QString& text) {
     for (qsizetype at = 0; at < text.size(); ++at)
         if (IsKeptByte(text, at)) return true;

@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <filesystem>
 
 namespace common {
 
@@ -16,5 +17,8 @@ QByteArray ToSystemBytes(const QString& text);
 
 // Whether `text` holds such a kept byte: Qt's own file classes cannot open it by that name.
 bool HasKeptBytes(const QString& text);
+
+// A path as std::filesystem and the system's own calls take it, for what Qt has no word for.
+std::filesystem::path SystemPath(const QString& path);
 
 }  // namespace common

@@ -175,13 +175,23 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
                 name = job.stem + u'-' + QString::number(n) + QStringLiteral(".R20");
             written.insert(name.toLower());
             const QString file = QDir::toNativeSeparators(target.absoluteFilePath(name));
-            if (!line.force && QFileInfo::exists(file)) {
+            // A link counts as a file that exists, and --force leaves it too: writing through
+            // it would change a file outside the folder, and replacing it would undo what
+            // whoever made it meant (a file shared between libraries, say). They decide.
+            const QFileInfo existing(file);
+            if (existing.isSymLink()) {
+                reports.refuse(job.name + QStringLiteral(": ") + file +
+                               QStringLiteral(" is a symbolic link: left as it is"));
+                continue;
+            }
+            if (!line.force && existing.exists()) {
                 reports.refuse(job.name + QStringLiteral(": ") + file +
                                QStringLiteral(" exists; --force replaces it"));
                 continue;
             }
             const common::Fixture finished = AtFinishPage(std::move(*job.fixture), gui::Now());
-            if (const std::optional<QString> reason = SaveFixtureFile(finished, file, gui::Now())) {
+            if (const std::optional<QString> reason =
+                    SaveLibraryFile(finished, file, gui::Now(), existing.exists())) {
                 reports.refuse(job.name + QStringLiteral(": ") + file +
                                QStringLiteral(" could not be written: ") + *reason);
                 continue;

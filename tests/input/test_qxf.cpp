@@ -487,6 +487,23 @@ class TestQxf : public FormFixture {
         const QByteArray converted = ReadBytes(first);
         QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
 
+        // A link in the folder is never written through, not even with --force.
+        const QString second = out + "/Lumenfab-Beam575-Mode2.R20";
+        const QString third = out + "/Lumenfab-Beam575-Mode3.R20";
+        QVERIFY(QFile::remove(second) && QFile::link(dir.filePath("nowhere.R20"), second));
+        QVERIFY(QFile::remove(third) && QFile::link(saved, third));
+        const QByteArray savedBytes = ReadBytes(saved);
+        const QString linked = " is a symbolic link: left as it is\n";
+        const QString links = qxf + " (mode \"Mode 2\"): " + second + linked + qxf +
+                              " (mode \"Mode 3\"): " + third + linked;
+        QCOMPARE(Run({"--convert", "--to", out, qxf}, &printed, &errors), 1);
+        QCOMPARE(printed + errors,
+                 qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n" + links);
+        QCOMPARE(Run({"--convert", "--to", out, "--force", qxf}, &printed, &errors), 1);
+        QCOMPARE(printed + errors, first + "\n" + links);
+        QVERIFY(!QFileInfo::exists(dir.filePath("nowhere.R20")));
+        QCOMPARE(ReadBytes(saved), savedBytes);
+
         // On a terminal the progress stands again after every line, and nothing of it stays.
         QStringList many;
         for (int i = 0; i < 51; ++i) {
