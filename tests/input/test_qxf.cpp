@@ -487,22 +487,31 @@ class TestQxf : public FormFixture {
         const QByteArray converted = ReadBytes(first);
         QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
 
-        // A link in the folder is never written through, not even with --force.
+        // A link in the folder is never written through, not even with --force; a file of
+        // another fixture keeps its name, run after run. An input named twice is converted once,
+        // a fixture file is named by what it holds.
         const QString second = out + "/Lumenfab-Beam575-Mode2.R20";
         const QString third = out + "/Lumenfab-Beam575-Mode3.R20";
         QVERIFY(QFile::remove(second) && QFile::link(dir.filePath("nowhere.R20"), second));
         QVERIFY(QFile::remove(third) && QFile::link(saved, third));
+        const QByteArray other = converted.sliced(0).replace("\"Lumenfab\"", "\"Lumen fab\"");
+        QVERIFY(WriteBytes(first, other));
         const QByteArray savedBytes = ReadBytes(saved);
         const QString linked = " is a symbolic link: left as it is\n";
-        const QString links = qxf + " (mode \"Mode 2\"): " + second + linked + qxf +
-                              " (mode \"Mode 3\"): " + third + linked;
-        QCOMPARE(Run({"--convert", "--to", out, qxf}, &printed, &errors), 1);
-        QCOMPARE(printed + errors,
-                 qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n" + links);
-        QCOMPARE(Run({"--convert", "--to", out, "--force", qxf}, &printed, &errors), 1);
-        QCOMPARE(printed + errors, first + "\n" + links);
+        QStringList arguments{"--convert", "--to", out, qxf, dir.path() + "/./beam.qxf", unnamed};
+        for (int run = 0; run < 2; ++run, arguments << "--force") {
+            QCOMPARE(Run(arguments, &printed, &errors), 1);
+            QCOMPARE(printed,
+                     out + "/Lumenfab-Beam575-Mode1-2.R20\n" + out + "/_-Beam575-Mode1.R20\n");
+            QCOMPARE(errors, qxf +
+                                 " (mode \"Mode 1\"): Lumenfab-Beam575-Mode1.R20 holds another "
+                                 "fixture; this one is Lumenfab-Beam575-Mode1-2.R20\n" +
+                                 qxf + " (mode \"Mode 2\"): " + second + linked + qxf +
+                                 " (mode \"Mode 3\"): " + third + linked);
+        }
         QVERIFY(!QFileInfo::exists(dir.filePath("nowhere.R20")));
         QCOMPARE(ReadBytes(saved), savedBytes);
+        QCOMPARE(ReadBytes(first), other);
 
         // On a terminal the progress stands again after every line, and nothing of it stays.
         QStringList many;
@@ -523,6 +532,38 @@ class TestQxf : public FormFixture {
         QVERIFY(link(QFile::encodeName(qxf).constData(), latin.constData()) == 0);
         QCOMPARE(Run({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed), 0);
         QCOMPARE(common::ToSystemBytes(printed), latin + " (mode \"Mode 1\"): ok\n");
+    }
+    // Names in a library: letters without their accents, never hidden, never too long for a file
+    // system.
+    void libraryNames_data() {
+        QTest::addColumn<QString>("names");  // manufacturer, model and mode, "|" between them
+        QTest::addColumn<QString>("file");
+        QTest::newRow("accents") << "\u00DCn\u00EFc\u00F8d\u00E9 Stra\u00DFe|\u00D8re \u00C6on|"
+                                    "\u0141\u00F3d\u017A \uFB01x \u00F0"
+                                 << "UnicodeStrasse-OreAEon-Lodzfixd.R20";
+        QTest::newRow("hidden") << ".hidden|Beam|Mode 1"
+                                << "hidden-Beam-Mode1.R20";
+        QTest::newRow("only dots") << "..|Beam|Mode 1"
+                                   << "_-Beam-Mode1.R20";
+        const QString a300(300, u'A');
+        QTest::newRow("too long") << a300 + "|Beam|" + QString(300, u'\u00E9')
+                                  << QString(236, u'A') + "-6a5c0bb8.R20";
+        QTest::newRow("too long, another end")
+            << a300 + "B|Beam|Mode 1" << QString(236, u'A') + "-cb2ecb24.R20";
+    }
+    void libraryNames() {
+        QFETCH(QString, names);
+        QFETCH(QString, file);
+        const QStringList n = names.split(u'|');
+        QTemporaryDir dir;
+        const QString qxf = dir.filePath("beam.qxf"), out = dir.filePath("lib");
+        QVERIFY(WriteBytes(qxf, Qxf("Dim@IntensityDimmer", {"Dim"})
+                                    .replace("Lumenfab", n[0].toUtf8())
+                                    .replace("Beam 575", n[1].toUtf8())
+                                    .replace("\"Mode 1\"", '"' + n[2].toUtf8() + '"')));
+        QString printed;
+        QCOMPARE(Run({"--convert", "--to", out, qxf}, &printed), 0);
+        QCOMPARE(printed, out + u'/' + file + u'\n');
     }
 };
 
