@@ -33,6 +33,11 @@ constexpr int kProgressFrom = 50;  // fewer files than this go by too fast to ne
 // the room for a number that keeps it apart ("-2" … "-99999") and ".R20".
 constexpr qsizetype kMaxStem = 255 - 10;
 
+// Messages are read on a terminal: a longer one is shortened in its longest parts, none of
+// which becomes shorter than kShortestPart.
+constexpr qsizetype kMaxMessage = 199;
+constexpr qsizetype kShortestPart = 24;
+
 // One fixture to fill the form with: a written fixture file, or one mode of a QLC+ fixture.
 struct Job {
     QString name;  // how the reports name it: the file, and the mode of a QLC+ fixture
@@ -162,6 +167,15 @@ QList<Job> JobsOf(const QString& path, const QString& mode) {
     return jobs;
 }
 
+// `text` cut to `length` characters in its middle, so that the start and the end of a path or
+// a name still show.
+QString Elided(const QString& text, qsizetype length) {
+    qsizetype head = (length - 1) / 3, tail = length - 1 - head;
+    if (head > 0 && text[head - 1].isHighSurrogate()) --head;
+    if (tail > 0 && text[text.size() - tail].isLowSurrogate()) --tail;
+    return text.first(head) + u'\u2026' + text.last(tail);
+}
+
 // `pattern` with %1, %2 … filled by `parts`.
 QString Filled(const QString& pattern, const QStringList& parts) {
     QString line;
@@ -176,6 +190,23 @@ QString Filled(const QString& pattern, const QStringList& parts) {
         }
     }
     return line;
+}
+
+// The same, where a line that would be too long has its longest parts cut to one length, as
+// long as the line allows.
+QString Message(const QString& pattern, QStringList parts) {
+    const qsizetype fixed = Filled(pattern, QStringList(parts.size())).size();
+    const auto length = [&](qsizetype cap) {
+        qsizetype sum = fixed;
+        for (const QString& part : parts) sum += std::min(part.size(), cap);
+        return sum;
+    };
+    qsizetype cap = 0;
+    for (const QString& part : parts) cap = std::max(cap, part.size());
+    while (cap > kShortestPart && length(cap) > kMaxMessage) --cap;
+    for (QString& part : parts)
+        if (part.size() > cap) part = Elided(part, cap);
+    return Filled(pattern, parts);
 }
 
 // The reports of one run, and whether anything went wrong.
@@ -195,7 +226,7 @@ class Reports {
         note(pattern, parts);
     }
     void note(const QString& pattern, const QStringList& parts) {
-        print(streams_.err, Filled(pattern, parts));
+        print(streams_.err, Message(pattern, parts));
     }
     void fileDone() {
         ++done_;
@@ -278,8 +309,8 @@ LibraryStreams LibraryStreams::Standard() {
 int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
     Reports reports(streams, line.files.size());
     if (const std::optional<QString> why = WhyNoFilesIn(line.targetDir)) {
-        reports.refuse(QStringLiteral("rigwright: cannot write into %1"),
-                       {QDir::toNativeSeparators(line.targetDir)});
+        reports.refuse(QStringLiteral("rigwright: cannot write into %1: %2"),
+                       {QDir::toNativeSeparators(line.targetDir), *why});
         return reports.exitCode();
     }
     const QDir target(line.targetDir);

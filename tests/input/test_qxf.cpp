@@ -468,9 +468,10 @@ class TestQxf : public FormFixture {
         QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
         QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
         // A file in the folder's place, and a folder where no file can be made, whoever asks.
-        for (const QString& to : {qxf + "/lib", QStringLiteral("/proc")}) {
+        for (const auto& [to, why] : {std::pair{qxf + "/lib", "Not a directory"},
+                                      {QStringLiteral("/proc"), "No such file or directory"}}) {
             QCOMPARE(Run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
-            QCOMPARE(printed + errors, "rigwright: cannot write into " + to + "\n");
+            QCOMPARE(printed + errors, "rigwright: cannot write into " + to + ": " + why + "\n");
         }
 
         const QString unnamed = dir.filePath("unnamed.R20");
@@ -534,7 +535,7 @@ class TestQxf : public FormFixture {
         QCOMPARE(common::ToSystemBytes(printed), latin + " (mode \"Mode 1\"): ok\n");
     }
     // Names in a library: letters without their accents, never hidden, never too long for a file
-    // system.
+    // system, and the messages about them short enough to read.
     void libraryNames_data() {
         QTest::addColumn<QString>("names");  // manufacturer, model and mode, "|" between them
         QTest::addColumn<QString>("file");
@@ -561,9 +562,12 @@ class TestQxf : public FormFixture {
                                     .replace("Lumenfab", n[0].toUtf8())
                                     .replace("Beam 575", n[1].toUtf8())
                                     .replace("\"Mode 1\"", '"' + n[2].toUtf8() + '"')));
-        QString printed;
+        QString printed, errors;
         QCOMPARE(Run({"--convert", "--to", out, qxf}, &printed), 0);
         QCOMPARE(printed, out + u'/' + file + u'\n');
+        QCOMPARE(Run({"--convert", "--to", out, qxf}, nullptr, &errors), 1);
+        QVERIFY2(errors.trimmed().size() < 200 && errors.endsWith(" exists; --force replaces it\n"),
+                 qPrintable(errors));
     }
 };
 
