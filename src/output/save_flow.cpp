@@ -7,8 +7,11 @@
 #include <QSaveFile>
 #include <algorithm>
 #include <cstdio>
-#ifndef Q_OS_WIN
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
 #include <fcntl.h>
+#include <unistd.h>
 #endif
 
 #include "common/system_names.h"
@@ -31,6 +34,16 @@ QString DefaultName(const MainForm& f) {
     const bool blank = std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c == u' '; });
     if (blank) return QStringLiteral("MyFixture.R20");
     return name + QStringLiteral(".R20");
+}
+
+// Puts what was written to `file` on the disk, as QSaveFile does before the new file takes its
+// name: after a power cut the name holds the old file or the new one, never an empty one.
+void SyncToDisk(QFile& file) {
+#ifdef Q_OS_WIN
+    _commit(file.handle());
+#else
+    fdatasync(file.handle());
+#endif
 }
 
 // Gives the file `from` the name `to` in one step. Only the name is looked at, never where a
@@ -81,6 +94,7 @@ std::optional<QString> SaveLibraryFile(const common::Fixture& fixture, const QSt
     }
     if (replace) file.setPermissions(QFileInfo(path).permissions());  // as QSaveFile keeps them
     const WriteOutcome written = WriteFixtureFile(fixture, path, saved, file);
+    if (written.ok) SyncToDisk(file);
     file.close();
     std::optional<QString> failed;
     if (!written.ok)
