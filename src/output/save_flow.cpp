@@ -15,7 +15,6 @@
 #endif
 
 #include "common/system_names.h"
-
 #include "gui/dialogs.h"
 #include "gui/system.h"
 #include "output/fixture_file.h"
@@ -39,10 +38,12 @@ QString DefaultName(const MainForm& f) {
 // Puts what was written to `file` on the disk, as QSaveFile does before the new file takes its
 // name: after a power cut the name holds the old file or the new one, never an empty one.
 void SyncToDisk(QFile& file) {
+    const int handle = file.handle();
+    if (handle < 0) return;
 #ifdef Q_OS_WIN
-    _commit(file.handle());
+    _commit(handle);
 #else
-    fdatasync(file.handle());
+    fdatasync(handle);
 #endif
 }
 
