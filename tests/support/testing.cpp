@@ -1,5 +1,8 @@
 #include "support/testing.h"
 
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
@@ -255,6 +258,39 @@ QString Announced(Form& form) {
     QWidget* announcer = form.widget()->findChild<QWidget*>(QStringLiteral("announcement"));
     if (!announcer || announcer->isHidden()) return {};
     return QAccessible::queryAccessibleInterface(announcer)->text(QAccessible::Name);
+}
+
+namespace {
+ScreenReader* listening = nullptr;
+}  // namespace
+
+void ScreenReader::Hear(QAccessibleEvent* event) {
+    QAccessibleInterface* at = event->accessibleInterface();
+    if (!listening || !at) return;
+    const QString name = at->text(QAccessible::Name);
+    if (event->type() == QAccessible::Focus)
+        listening->heard_ << (at->state().invisible ? QStringLiteral("(hidden) ") : QString()) +
+                                 name;
+    else if (event->type() == QAccessible::ObjectShow && at->role() == QAccessible::Notification)
+        listening->heard_ << name;
+}
+
+ScreenReader::ScreenReader() {
+    QCoreApplication::processEvents();  // what was said before is not heard
+    listening = this;
+    QAccessible::installUpdateHandler(Hear);
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+}
+
+QStringList ScreenReader::heard() {
+    QCoreApplication::processEvents();
+    return heard_;
+}
+
+ScreenReader::~ScreenReader() {
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(false);
+    QAccessible::installUpdateHandler(nullptr);
+    listening = nullptr;
 }
 
 }  // namespace gui::testing

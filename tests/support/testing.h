@@ -15,6 +15,7 @@
 #include "gui/picture.h"
 
 class QAbstractItemModel;
+class QAccessibleEvent;
 class QObject;
 class QWidget;
 
@@ -72,5 +73,21 @@ bool PlacedByWindowManager(Form& form);
 
 // What was last said to a screen reader without moving the focus.
 QString Announced(Form& form);
+
+// What a screen reader is told while one lives, in turn: each move of the focus as the name of
+// what takes it (the line of a list, the cell of a grid), "(hidden)" before it when it is not on
+// screen, and each text said without moving the focus.
+class ScreenReader {
+  public:
+    ScreenReader();
+    ~ScreenReader();
+    ScreenReader(const ScreenReader&) = delete;
+    ScreenReader& operator=(const ScreenReader&) = delete;
+    QStringList heard();  // as the turn ends, when what is said is said
+
+  private:
+    static void Hear(QAccessibleEvent* event);
+    QStringList heard_;
+};
 
 }  // namespace gui::testing

@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QTemporaryDir>
 #include <QTest>
+#include <functional>
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
@@ -13,6 +14,8 @@
 #include "wizard/open_fixture.h"
 
 using namespace gui::testing;
+using Act = std::function<void(MainForm&)>;
+Q_DECLARE_METATYPE(Act)
 
 class TestDesktop : public FormFixture {
     Q_OBJECT
@@ -85,6 +88,32 @@ class TestDesktop : public FormFixture {
         Announced(form().main);
         goToPage(page);
         QCOMPARE(Announced(form().main), heard);
+    }
+
+    // What a screen reader hears of an act, on a page made ready by what comes first: where
+    // the focus goes and what is said.
+    void heardOfAct_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<Act>("first");
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QStringList>("heard");
+        const auto add = [](const char* row, int page, Act first, Act act, QStringList heard) {
+            QTest::newRow(row) << page << first << act << heard;
+        };
+        const Act onToOfRow1 = [](MainForm& f) { ClickCell(f.range, 1, 2); };
+        add("a key opens the range editor", 6, onToOfRow1, [](MainForm&) { TypeKeys("7"); },
+            {"to, row 1"});
+    }
+    void heardOfAct() {
+        QFETCH(int, page);
+        QFETCH(Act, first);
+        QFETCH(Act, act);
+        QFETCH(QStringList, heard);
+        goToPage(page);
+        if (first) first(form());
+        ScreenReader reader;
+        act(form());
+        QCOMPARE(reader.heard(), heard);
     }
 
     // What a screen reader reads of the window, the name field and the fixture types.
