@@ -103,6 +103,15 @@ class TestDesktop : public FormFixture {
         const Act onToOfRow1 = [](MainForm& f) { ClickCell(f.range, 1, 2); };
         add("a key opens the range editor", 6, onToOfRow1, [](MainForm&) { TypeKeys("7"); },
             {"to, row 1"});
+        add("the presets open", 2, {}, [](MainForm& f) { Click(f.adddef); },
+            {"add default", "ADD Default types and settings (dmx will be auto incremented)"});
+        const Act threeChannelsOnRow4 = [](MainForm& f) {
+            Click(f.adddef);
+            Click(f.Command6[7]);  // RGB
+            ClickCell(f.table, 4, 1);
+        };
+        add("a line deleted", 2, threeChannelsOnRow4, [](MainForm& f) { Click(f.delete_); },
+            {"delete line", "2 channels"});
     }
     void heardOfAct() {
         QFETCH(int, page);
