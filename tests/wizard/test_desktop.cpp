@@ -112,6 +112,18 @@ class TestDesktop : public FormFixture {
         };
         add("a line deleted", 2, threeChannelsOnRow4, [](MainForm& f) { Click(f.delete_); },
             {"delete line", "2 channels"});
+        const auto press = [](Qt::Key key) { return Act([key](MainForm&) { PressKey(key); }); };
+        const Act openSplit = [](MainForm&) {  // from the range grid
+            PressKey(Qt::Key_Tab);
+            PressKey(Qt::Key_Return);
+        };
+        const Act splitInFourToOk = [openSplit](MainForm& f) {
+            openSplit(f);
+            TypeKeys("4");
+            for (int tabs = 0; tabs < 5 && FocusName() != u"rgo"; ++tabs) PressKey(Qt::Key_Tab);
+        };
+        add("an auto split by keys", 6, splitInFourToOk, press(Qt::Key_Return),
+            {"Ranges", "4 ranges"});
     }
     void heardOfAct() {
         QFETCH(int, page);
