@@ -185,6 +185,15 @@ QString FocusName() {
     return focus ? focus->objectName() : QString();
 }
 
+void LeaveAndComeBack(Form& form) {
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    if (!QTest::qWaitForWindowActive(&other)) qWarning("The other window does not come up");
+    form.widget()->activateWindow();
+    if (!QTest::qWaitForWindowActive(form.widget())) qWarning("The window does not come back");
+}
+
 void CloseBox(Form& form) {
     form.widget()->close();
 }

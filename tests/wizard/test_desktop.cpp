@@ -124,6 +124,12 @@ class TestDesktop : public FormFixture {
         };
         add("an auto split by keys", 6, splitInFourToOk, press(Qt::Key_Return),
             {"Ranges", "4 ranges"});
+        const Act openSplitAndLeave = [openSplit](MainForm& f) {
+            openSplit(f);
+            LeaveAndComeBack(f.main);
+        };
+        add("an auto split cancelled after a visit to another window", 6, openSplitAndLeave,
+            press(Qt::Key_Escape), {"auto split"});
     }
     void heardOfAct() {
         QFETCH(int, page);
