@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "gui/accessibility.h"
 #include "gui/no_settings.h"
 #include "gui/seams_state.h"
 
@@ -43,6 +44,7 @@ int ChooseFromList(const QString& title, const QString& listName, const QStringL
     list->setAccessibleName(listName);
     list->addItems(lines);
     list->setCurrentRow(0);
+    detail::SpeakCurrentLineOnFocus(list);
     label->setBuddy(list);
     list->setMinimumWidth(list->sizeHintForColumn(0) + 40);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
