@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -183,6 +184,11 @@ QObject* ActiveDialog() {
 QString FocusName() {
     QWidget* focus = QApplication::focusWidget();
     return focus ? focus->objectName() : QString();
+}
+
+QString FolderOf(QObject* fileDialog) {
+    auto* dialog = qobject_cast<QFileDialog*>(fileDialog);
+    return dialog ? dialog->directory().absolutePath() : QString();
 }
 
 void LeaveAndComeBack(Form& form) {

@@ -48,10 +48,11 @@ void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void PickItem(ComboBox& box, int index);
 // The modal dialog on screen, for a test that lets a real one come up; null when none.
 QObject* ActiveDialog();
-QString FocusName();                // object name of the widget that has the focus
-void CloseBox(Form& form);          // the window's close box
-void LeaveAndComeBack(Form& form);  // to another window and back, as with Alt+Tab
-bool WaitForShown(Form& form);      // until the window is on screen
+QString FocusName();                    // object name of the widget that has the focus
+QString FolderOf(QObject* fileDialog);  // the folder a file dialog shows
+void CloseBox(Form& form);              // the window's close box
+void LeaveAndComeBack(Form& form);      // to another window and back, as with Alt+Tab
+bool WaitForShown(Form& form);          // until the window is on screen
 
 QImage Grab(Control& control);
 bool ShownOnScreen(const Control& control);  // visible, its containers too
