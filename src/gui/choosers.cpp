@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "gui/accessibility.h"
 #include "gui/no_settings.h"
 #include "gui/seams_state.h"
 
@@ -17,14 +18,17 @@ namespace gui {
 bool OpenDialog::ShowOpen() {
     auto& seams = detail::Seams();
     seams.openCalls.push_back({DialogTitle, Filters, InitDir, SelectedFilter});
-    if (!seams.openAnswers.empty()) {
+    const bool real = seams.realOpenDialogs > 0;
+    if (real) {
+        --seams.realOpenDialogs;
+    } else if (!seams.openAnswers.empty()) {
         const std::optional<QString> answer = seams.openAnswers.front();
         seams.openAnswers.pop_front();
         if (!answer) return false;
         FileName = *answer;
         return true;
     }
-    if (seams.testMode) {  // a headless test would wait for ever on a real dialog
+    if (seams.testMode && !real) {  // a headless test would wait for ever on a real dialog
         ++seams.unanswered;
         return false;
     }
@@ -43,6 +47,7 @@ int ChooseFromList(const QString& title, const QString& listName, const QStringL
     list->setAccessibleName(listName);
     list->addItems(lines);
     list->setCurrentRow(0);
+    detail::SpeakCurrentLineOnFocus(list);
     label->setBuddy(list);
     list->setMinimumWidth(list->sizeHintForColumn(0) + 40);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);

@@ -324,8 +324,9 @@ class TestQxf : public FormFixture {
             "none.qxf could not be read: No such file or directory"));
         QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
     }
-    // Keys alone: the list of modes comes up named and titled, the first line selected; Escape
-    // leaves the pages as they were, Down and Enter pick the second mode.
+    // Keys alone: the list of modes comes up named and titled, the first line selected and
+    // heard as it takes the focus; Escape leaves the pages as they were, Down and Enter pick
+    // the second mode.
     void chooser() {
         using namespace gui::testing;
         QTemporaryDir dir;
@@ -333,9 +334,12 @@ class TestQxf : public FormFixture {
         QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim"})));
         MainForm& f = form();
         QString title, name, lines;
+        QStringList heard;
         for (const bool pick : {false, true}) {
+            ScreenReader reader;
             QTimer::singleShot(0, [&] {
                 title = CaptionOf(ActiveDialog());
+                heard = reader.heard();
                 QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
                     ActiveDialog()->findChild<QObject*>("choices"));
                 name = list->text(QAccessible::Name);
@@ -348,6 +352,7 @@ class TestQxf : public FormFixture {
             });
             QCOMPARE(OpenFixtureFile(f, path), pick);
             QCOMPARE(title, QStringLiteral("Lumenfab Beam 575"));
+            QCOMPARE(heard.last(), QStringLiteral("Mode 1 (1 channel)"));
             QCOMPARE(name, QStringLiteral("Modes"));
             QCOMPARE(lines, QStringLiteral("Mode 1 (1 channel)*;Mode 2 (2 channels);"));
             QCOMPARE(f.table.Rows(), pick ? 3 : 2);
