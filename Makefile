@@ -3,9 +3,13 @@ BUILD      ?= build
 ASAN_BUILD ?= build-asan
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
+WIN_BUILD  ?= build-windows
+# The Windows Qt that scripts/build-windows-qt builds once and keeps outside the work tree.
+RIGWRIGHT_CACHE ?= $(HOME)/.cache/rigwright
+WIN_QT     ?= $(RIGWRIGHT_CACHE)/qt-6.4.2-mingw64
 JOBS       ?= $(shell nproc)
 
-.PHONY: all deps configure build run test test-asan fuzz bench package package-check clean
+.PHONY: all deps configure build run test test-asan fuzz bench package package-check windows clean
 
 all: build
 
@@ -49,5 +53,19 @@ package: build
 package-check:
 	./scripts/check-package $(BUILD)
 
+# The 64-bit Windows program, cross-built with MinGW-w64: the portable folder zipped and the
+# setup, as $(WIN_BUILD)/rigwright-<version>-win64.zip and -win64-setup.exe. The first run
+# builds Qt for Windows (half an hour or more); later runs reuse it. The program and its
+# packages are made first, then everything else: the test programs and the benchmark.
+windows:
+	@./scripts/install-deps --windows
+	RIGWRIGHT_CACHE=$(RIGWRIGHT_CACHE) ./scripts/build-windows-qt
+	nice -n 15 cmake -S . -B $(WIN_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Release \
+	  -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/cmake/mingw64-toolchain.cmake \
+	  -DCMAKE_PREFIX_PATH=$(WIN_QT) -DQT_HOST_PATH=/usr \
+	  -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake -DBUILD_TESTING=ON
+	nice -n 15 cmake --build $(WIN_BUILD) -j $(JOBS) --target windows-package
+	nice -n 15 cmake --build $(WIN_BUILD) -j $(JOBS)
+
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD) $(WIN_BUILD)

@@ -9,6 +9,13 @@
 #include "wizard/main_form.h"
 #include "wizard/start.h"
 
+#ifdef Q_OS_WIN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
+
 namespace {
 
 void Print(std::FILE* stream, const QString& text) {
@@ -21,6 +28,21 @@ void KeepErrorsOnly(QtMsgType type, const QMessageLogContext&, const QString& te
     if (type == QtCriticalMsg || type == QtFatalMsg) Print(stderr, text + u'\n');
 }
 
+#ifdef Q_OS_WIN
+// On Windows the program is a window program, so that opening a file from Explorer shows no
+// console. Its answers on the command line go to the console it was started from, unless
+// they already go to a file or a pipe.
+void UseParentConsole() {
+    const auto missing = [](DWORD stream) {
+        return GetFileType(GetStdHandle(stream)) == FILE_TYPE_UNKNOWN;
+    };
+    const bool out = missing(STD_OUTPUT_HANDLE), err = missing(STD_ERROR_HANDLE);
+    if ((!out && !err) || !AttachConsole(ATTACH_PARENT_PROCESS)) return;
+    if (out) std::freopen("CONOUT$", "w", stdout);
+    if (err) std::freopen("CONOUT$", "w", stderr);
+}
+#endif
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -29,6 +51,9 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) arguments.append(common::FromSystemBytes(argv[i]));
     const input::CommandLine line = input::ParseCommandLine(arguments);
     using Action = input::CommandLine::Action;
+#ifdef Q_OS_WIN
+    if (line.action != Action::kRun) UseParentConsole();
+#endif
     switch (line.action) {
         case Action::kHelp:
             Print(stdout, input::UsageText());
