@@ -130,6 +130,7 @@ struct ModeChannel {
     bool master;
     bool fine;
     int head;
+    int offset;  // dmx1 of its row, or dmx2 of a fine channel folded into a coarse one
 };
 
 // One row of the grid under construction.
@@ -226,15 +227,32 @@ class ModeMapper {
             return {std::nullopt,
                     QStringLiteral("the mode has more channels than the table holds")};
         for (int i = 0; i < mode_.channels.size(); ++i) {
-            const QxfChannel* source = fixture_.channel(mode_.channels[i]);
+            const QString& name = mode_.channels[i];
+            const QxfChannel* source = fixture_.channel(name);
             if (!source) {
                 return {std::nullopt,
                         QStringLiteral("the mode \"%1\" names the channel \"%2\", which the "
                                        "fixture does not define")
-                            .arg(mode_.name, mode_.channels[i])};
+                            .arg(mode_.name, name)};
+            }
+            // The Number is the channel's offset from 0, gaps and all: dmx1 = Number + 1.
+            const int offset = mode_.numbers.value(i, -1) + 1;
+            if (offset < 1) {
+                return {std::nullopt,
+                        QStringLiteral("the mode \"%1\" gives the channel \"%2\" no Number")
+                            .arg(mode_.name, name)};
+            }
+            if (offset > common::kHighestOffset) {
+                return {std::nullopt,
+                        QStringLiteral("the mode \"%1\" puts the channel \"%2\" at DMX offset "
+                                       "%3, beyond the %4 offsets of the channel table")
+                            .arg(mode_.name, name)
+                            .arg(offset)
+                            .arg(common::kHighestOffset)};
             }
             const Classified c = Classify(*source);
-            channels_.append({source, c.kind, c.master, source->fine, mode_.heads.value(i, -1)});
+            channels_.append(
+                {source, c.kind, c.master, source->fine, mode_.heads.value(i, -1), offset});
         }
         chooseHtp();
         buildRows();
@@ -385,8 +403,9 @@ class ModeMapper {
         tail[1] = QString::number(row.key);
         tail[2] = QString::number(row.wheel);
         tail[10] = OneLine(c.source->name);
-        return QStringList{QStringLiteral("#"), QString::number(row.channel + 1),
-                           QString::number(row.fine + 1), channelType} +
+        const int fineOffset = row.fine < 0 ? 0 : channels_[row.fine].offset;
+        return QStringList{QStringLiteral("#"), QString::number(c.offset),
+                           QString::number(fineOffset), channelType} +
                tail;
     }
 

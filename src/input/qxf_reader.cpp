@@ -89,6 +89,10 @@ class QxfParser {
         while (xml_.readNextStartElement()) {
             const QStringView name = xml_.name();
             if (name == u"Channel") {
+                bool whole = false;
+                const int number =
+                    xml_.attributes().value(QLatin1String("Number")).trimmed().toInt(&whole);
+                mode.numbers.append(whole && number >= 0 ? number : -1);
                 mode.channels.append(xml_.readElementText());
             } else if (name == u"Head") {
                 QList<int> numbers;
@@ -105,10 +109,15 @@ class QxfParser {
                 xml_.skipCurrentElement();
             }
         }
+        // A head lists its channels by their Number.
         mode.heads.fill(-1, mode.channels.size());
+        QHash<int, int> place;  // the first channel of each Number
+        for (int i = heads.isEmpty() ? -1 : static_cast<int>(mode.numbers.size()) - 1; i >= 0; --i)
+            if (mode.numbers[i] >= 0) place.insert(mode.numbers[i], i);
         for (int head = 0; head < heads.size(); ++head)
             for (const int number : heads[head])
-                if (number >= 0 && number < mode.heads.size()) mode.heads[number] = head;
+                if (const auto found = place.constFind(number); found != place.constEnd())
+                    mode.heads[*found] = head;
         fixture_.modes.append(std::move(mode));
     }
 

@@ -22,6 +22,7 @@ struct QxfChannel {
 struct QxfMode {
     QString name;
     QStringList channels;  // the channel names in the mode's order
+    QList<int> numbers;    // for each of them its Number, the offset from 0; -1 for none
     QList<int> heads;      // for each of them the head it belongs to, from 0; -1 for none
     QString focusType;     // the Focus Type of the mode's own Physical, empty when none
 };

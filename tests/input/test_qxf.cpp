@@ -35,7 +35,8 @@ namespace {
 
 // A fixture definition. Channels, "|" between them: "Name@Preset", or "Name#Group#Byte" with
 // "#Colour" behind for an old intensity channel. A mode names its channels with "|" between
-// them; "heads" lists each head's channel numbers, "," between them and "/" between heads.
+// them, "=N" behind a name for a Number other than its place; "heads" lists each head's
+// channel numbers, "," between them and "/" between heads.
 QByteArray Qxf(const QString& channels, const QStringList& modes,
                const QString& type = "Moving Head", const QString& focus = "Head",
                const QString& heads = {}) {
@@ -63,8 +64,11 @@ QByteArray Qxf(const QString& channels, const QStringList& modes,
     for (int m = 0; m < modes.size(); ++m) {
         xml += QStringLiteral(" <Mode Name=\"Mode %1\">\n").arg(m + 1);
         const QStringList names = modes[m].split(u'|');
-        for (int i = 0; i < names.size(); ++i)
-            xml += QStringLiteral("  <Channel Number=\"%1\">%2</Channel>\n").arg(i).arg(names[i]);
+        for (int i = 0; i < names.size(); ++i) {
+            const QStringList numbered = names[i].split(u'=');
+            xml += QStringLiteral("  <Channel Number=\"%1\">%2</Channel>\n")
+                       .arg(numbered.value(1, QString::number(i)), numbered[0]);
+        }
         for (const QString& head : heads.split(u'/', Qt::SkipEmptyParts)) {
             xml += QStringLiteral("  <Head>\n");
             for (const QString& number : head.split(u','))
@@ -174,6 +178,12 @@ class TestQxf : public FormFixture {
             << "the mode \"Mode 2\" names the channel \"Ghost\", which the fixture does not define";
         QTest::newRow("a mode number too high") << good << "3"
                                                 << "no mode";
+        QTest::newRow("an offset beyond the table")
+            << Qxf("Dim@IntensityDimmer", {"Dim=511"}) << ""
+            << "the mode \"Mode 1\" puts the channel \"Dim\" at DMX offset 512, beyond the 511 "
+               "offsets of the channel table";
+        QTest::newRow("no Number") << Qxf("Dim@IntensityDimmer", {"Dim=x"}) << ""
+                                   << "the mode \"Mode 1\" gives the channel \"Dim\" no Number";
     }
     void refused() {
         QFETCH(QByteArray, bytes);
@@ -186,7 +196,7 @@ class TestQxf : public FormFixture {
         input::QxfFixture fixture;
         fixture.model = QStringLiteral("MAC 700 Profile \u00C9");
         for (const int count : {3, 4, 3})
-            fixture.modes.append({"m", QStringList(count, "x"), {}, {}});
+            fixture.modes.append({"m", QStringList(count, "x"), {}, {}, {}});
         QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PR-3A"));
         QCOMPARE(input::QxfNameOnDesk(fixture, 1), QStringLiteral("MAC700PRO-4"));
         QCOMPARE(input::QxfNameOnDesk(fixture, 2), QStringLiteral("MAC700PR-3B"));
@@ -194,8 +204,9 @@ class TestQxf : public FormFixture {
         QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PROFI"));
     }
     // Every fixture Debian ships: no well-formed file refused, every mode mapped with one offset
-    // per channel, every cell one its column's editor takes, every name within its box; and the
-    // file written from the pages, opened again and written again, is the same to the byte.
+    // per channel, its Number + 1, every cell one its column's editor takes, every name within its
+    // box; and the file written from the pages, opened again and written again, is the same to the
+    // byte.
     void installedFixtures() {
         const QString folder = QStringLiteral("/usr/share/qlcplus/fixtures");
         if (!QFileInfo(folder).isDir()) QSKIP("qlcplus-data is not installed");
@@ -232,7 +243,8 @@ class TestQxf : public FormFixture {
                     if (row[2] != u"0") offsets << row[2].toInt();
                 }
                 QCOMPARE(offsets.size(), source.qxf->modes[m].channels.size());
-                QCOMPARE(*std::max_element(offsets.cbegin(), offsets.cend()), offsets.size());
+                for (const int number : source.qxf->modes[m].numbers)
+                    QVERIFY(offsets.contains(number + 1));
                 QVERIFY(f.manufacturer.size() <= 30 && f.model.size() <= 30);
                 QVERIFY(!f.nameOnDesk.isEmpty() && f.nameOnDesk.size() <= 11);
                 QVERIFY2(!names.contains(f.nameOnDesk), qPrintable(where + ": " + f.nameOnDesk));
@@ -428,7 +440,7 @@ class TestQxf : public FormFixture {
         QTemporaryDir dir;
         const QString qxf = dir.filePath("beam.qxf");
         QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer|Dim 2@IntensityDimmer",
-                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim"})));
+                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim", "Pan|Dim=511"})));
         QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "<?xml version='1.0'?><FixtureDefinition>"));
         const QString out = dir.filePath("lib");
         gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
@@ -454,7 +466,11 @@ class TestQxf : public FormFixture {
         const QString first = out + "/Lumenfab-Beam575-Mode1.R20";
         QCOMPARE(printed, first + "\n" + out + "/Lumenfab-Beam575-Mode2.R20\n" + out +
                               "/Lumenfab-Beam575-Mode3.R20\n");
-        QCOMPARE(errors, dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
+        // A mode beyond the table is refused by name; the others are converted.
+        QCOMPARE(errors, qxf +
+                             " (mode \"Mode 4\"): the mode \"Mode 4\" puts the channel \"Dim\" at "
+                             "DMX offset 512, beyond the 511 offsets of the channel table\n" +
+                             dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
         QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
         QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
         QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
