@@ -459,15 +459,9 @@ QString QxfNameOnDesk(const QxfFixture& fixture, int mode) {
     if (base.isEmpty()) base = LettersAndDigits(fixture.manufacturer);
     if (base.isEmpty()) base = QStringLiteral("FIXTURE");
     if (fixture.modes.size() < 2) return base.left(kLength);
-    const qsizetype count = fixture.modes[mode].channels.size();
-    QString suffix = u'-' + QString::number(count);
-    int same = 0, before = 0;
-    for (int i = 0; i < fixture.modes.size(); ++i) {
-        if (fixture.modes[i].channels.size() != count) continue;
-        ++same;
-        if (i < mode) ++before;
-    }
-    if (same > 1) suffix += QChar(u'A' + std::min(before, 25));
+    QString suffix = u'-' + QString::number(fixture.modes[mode].channels.size());
+    const QxfFixture::SameCount same = fixture.sameCount(mode);
+    if (same.modes > 1) suffix += QChar(u'A' + std::min(same.before, 25));
     return base.left(kLength - suffix.size()) + suffix;
 }
 

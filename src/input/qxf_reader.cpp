@@ -52,6 +52,7 @@ class QxfParser {
         if (xml_.hasError()) return fail();
         if (fixture_.modes.isEmpty())
             return {std::nullopt, QStringLiteral("the fixture has no mode")};
+        countModes();
         return {std::move(fixture_), QString()};
     }
 
@@ -119,6 +120,16 @@ class QxfParser {
                 if (const auto found = place.constFind(number); found != place.constEnd())
                     mode.heads[*found] = head;
         fixture_.modes.append(std::move(mode));
+    }
+
+    // Counted once here, so that naming every mode of a fixture of many modes takes no
+    // look at all the others for each.
+    void countModes() {
+        QHash<qsizetype, int> seen;  // modes by their number of channels
+        for (const QxfMode& mode : fixture_.modes)
+            fixture_.sameCount_.append({0, seen[mode.channels.size()]++});
+        for (qsizetype i = 0; i < fixture_.modes.size(); ++i)
+            fixture_.sameCount_[i].modes = seen[fixture_.modes[i].channels.size()];
     }
 
     QString readFocusType() {

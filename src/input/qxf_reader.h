@@ -38,9 +38,18 @@ struct QxfFixture {
     // The channel of that exact name, nothing when the fixture defines none.
     const QxfChannel* channel(const QString& name) const;
 
+    // Of the modes with as many channels as mode `mode`: how many there are, and how many of
+    // them come before it, as the reader counted them.
+    struct SameCount {
+        int modes = 1;
+        int before = 0;
+    };
+    SameCount sameCount(int mode) const { return sameCount_.value(mode); }
+
   private:
     friend class QxfParser;
     QHash<QString, qsizetype> byName_;
+    QList<SameCount> sameCount_;
 };
 
 struct QxfOutcome {

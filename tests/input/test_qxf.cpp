@@ -193,10 +193,10 @@ class TestQxf : public FormFixture {
     }
     void namesOnDesk() {
         // Modes of 3, 4 and 3 channels; the model's letters and digits, cut to make room.
-        input::QxfFixture fixture;
-        fixture.model = QStringLiteral("MAC 700 Profile \u00C9");
-        for (const int count : {3, 4, 3})
-            fixture.modes.append({"m", QStringList(count, "x"), {}, {}, {}});
+        input::QxfFixture fixture =
+            *input::ReadQxfBytes(Qxf("x@IntensityDimmer", {"x|x|x", "x|x|x|x", "x|x|x"})
+                                     .replace("Beam 575", "MAC 700 Profile \u00C9"))
+                 .fixture;
         QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PR-3A"));
         QCOMPARE(input::QxfNameOnDesk(fixture, 1), QStringLiteral("MAC700PRO-4"));
         QCOMPARE(input::QxfNameOnDesk(fixture, 2), QStringLiteral("MAC700PR-3B"));
