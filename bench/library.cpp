@@ -14,10 +14,10 @@
 #include <QXmlStreamReader>
 #include <cstdio>
 
+#include "floor_window.h"
 #include "gui/application.h"
 #include "gui/seams.h"
 #include "gui/system.h"
-#include "gui/testing.h"
 #include "input/command_line.h"
 #include "input/fixture_reader.h"
 #include "input/fixture_source.h"
@@ -118,7 +118,7 @@ int OpenChild(int argc, char** argv) {
     MainForm form;
     const QString file = QString::fromLocal8Bit(argv[2]);
     StartWizard(form, file == u"-" ? QString() : file, QString::fromLocal8Bit(argv[3]));
-    gui::testing::PaintNow(form.main);
+    bench::PaintNow(form.main);
     std::printf("%f %f\n", timer.nsecsElapsed() / 1e6, bench::ResidentMiB());
     return 0;
 }

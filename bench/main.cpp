@@ -12,10 +12,10 @@
 #include "channels/cell_editor.h"
 #include "channels/channel_table.h"
 #include "channels/presets.h"
+#include "floor_window.h"
 #include "gui/application.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "library.h"
 #include "measure.h"
 #include "output/save_flow.h"
@@ -64,7 +64,7 @@ void SetChannelRows(MainForm& f, int channelRows) {
 // the whole window painted anew (more than the changed parts a real update repaints).
 void ShowResult(MainForm& f) {
     QCoreApplication::sendPostedEvents();
-    gui::testing::PaintNow(f.main);
+    bench::PaintNow(f.main);
 }
 
 // Child process: one start of the form (or of the bare floor window); prints
@@ -74,7 +74,7 @@ int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
     QElapsedTimer timer;
     timer.start();
     if (bare) {
-        gui::testing::BareWindow window(argc, argv, QString::fromLatin1(arg).split(u','));
+        bench::BareWindow window(argc, argv, QString::fromLatin1(arg).split(u','));
         window.PaintNow();
         std::printf("%f %f -1\n", timer.nsecsElapsed() / 1e6, bench::ResidentMiB());
         return 0;
@@ -83,11 +83,11 @@ int StartChild(int argc, char** argv, bool bare, const QByteArray& arg) {
     gui::seams::Reset();  // no real dialog can come up
     MainForm form;
     StartWizard(form);
-    gui::testing::PaintNow(form.main);
+    bench::PaintNow(form.main);
     const double ms = timer.nsecsElapsed() / 1e6;
     const double afterStart = bench::ResidentMiB();
     if (arg == "kinds") {
-        std::printf("kinds %s\n", qPrintable(gui::testing::ControlKinds(form.main).join(u',')));
+        std::printf("kinds %s\n", qPrintable(bench::ControlKinds(form.main).join(u',')));
         return 0;
     }
     SetChannelRows(form, common::kMaxChannelRows);
@@ -103,7 +103,7 @@ int VisibleChild(int argc, char** argv, bool bare, const QByteArray& kinds) {
         std::fflush(stdout);
     };
     if (bare) {
-        gui::testing::BareWindow window(argc, argv, QString::fromLatin1(kinds).split(u','));
+        bench::BareWindow window(argc, argv, QString::fromLatin1(kinds).split(u','));
         window.WaitUntilPainted(say);
         return 0;
     }
@@ -114,7 +114,7 @@ int VisibleChild(int argc, char** argv, bool bare, const QByteArray& kinds) {
     const QString file = QString::fromLocal8Bit(kinds);
     StartWizard(form, file == u"-" ? QString() : file,
                 argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString());
-    gui::testing::WaitUntilPainted(form.main, say);
+    bench::WaitUntilPainted(form.main, say);
     return 0;
 }
 
@@ -212,7 +212,7 @@ void ChannelActionRows(std::vector<bench::Row>& rows, MainForm& f, int channelRo
     const QString target = dir.filePath(QStringLiteral("BIG.R20"));
     const auto answersQueued = [&] {
         gui::seams::QueueSaveAnswer(target);
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
     };
     onChannelPage();
     AddActionRows(

@@ -11,8 +11,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const input::ReadOutcome read = input::ReadFixtureBytes(bytes);
     if (read.fixture) {
-        for (const QStringList& row : read.fixture->channelRows)
-            if (row.size() != input::kChannelCells) std::abort();
+        const common::TextTable& rows = read.fixture->channels;
+        if (rows.cols() != common::kChannelColumns) std::abort();
+        if (rows.rows() > common::kMaxChannelRows) std::abort();
     } else if (read.error.isEmpty()) {
         std::abort();  // a refusal always says why
     }

@@ -17,10 +17,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const input::ReadOutcome mapped = input::MapQxfMode(*read.fixture, m);
         if (!mapped.fixture) continue;
         QSet<QString> offsets;
-        for (const QStringList& row : mapped.fixture->channelRows) {
-            if (row.size() != input::kChannelCells) std::abort();
-            offsets << row[1];
-            if (row[2] != u"0") offsets << row[2];
+        const common::TextTable& rows = mapped.fixture->channels;
+        for (int row = 0; row < rows.rows(); ++row) {
+            offsets << rows.cell(row, common::kDmx1);
+            if (rows.cell(row, common::kDmx2) != u"0") offsets << rows.cell(row, common::kDmx2);
         }
         if (offsets.size() != read.fixture->modes[m].channels.size()) std::abort();
     }

@@ -43,18 +43,19 @@ std::optional<QString> FromFileBytes(QByteArrayView bytes) {
 
 namespace {
 
-// Windows-1252 at 0x80..0x9F; 0 marks the five bytes that hold no character.
+// Windows-1252 at 0x80..0x9F as Windows maps it: the five bytes without a character of their
+// own stand for the C1 controls of their value, so a file reads alike on both systems.
 constexpr std::array<char16_t, 32> kHighControls = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80..87
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,       // 88..8F
-    0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90..97
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,  // 98..9F
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80..87
+    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 88..8F
+    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90..97
+    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98..9F
 };
 
 char ByteOf(char16_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
     for (std::size_t i = 0; i < kHighControls.size(); ++i)
-        if (kHighControls[i] != 0 && kHighControls[i] == c) return static_cast<char>(0x80 + i);
+        if (kHighControls[i] == c) return static_cast<char>(0x80 + i);
     return '?';
 }
 
@@ -84,10 +85,7 @@ std::optional<QString> FromFileBytes(QByteArrayView bytes) {
     for (const char byte : bytes) {
         const auto b = static_cast<unsigned char>(byte);
         char16_t c = b;
-        if (b >= 0x80 && b < 0xA0) {
-            c = kHighControls[b - 0x80];
-            if (c == 0) return std::nullopt;
-        }
+        if (b >= 0x80 && b < 0xA0) c = kHighControls[b - 0x80];
         *out++ = QChar(c);
     }
     return text;

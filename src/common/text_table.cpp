@@ -1,8 +1,20 @@
 #include "common/text_table.h"
 
-#include <QHashFunctions>
+#include <algorithm>
 
 namespace common {
+
+namespace {
+
+// Cell texts are a few characters long: a plain multiplicative hash of them is as good as any
+// and costs a fraction of a general one.
+quint32 HashOf(QStringView text) {
+    quint32 hash = 2166136261u;
+    for (const QChar c : text) hash = (hash ^ c.unicode()) * 16777619u;
+    return hash;
+}
+
+}  // namespace
 
 const QString& TextTable::cell(int row, int col) const {
     static const QString kNone;
@@ -14,7 +26,7 @@ void TextTable::rehash() {
     slots_.fill(0, std::max<qsizetype>(64, slots_.size() * 2));
     const qsizetype mask = slots_.size() - 1;
     for (qsizetype number = 1; number < texts_.size(); ++number) {
-        qsizetype at = qHash(texts_[number]) & mask;
+        qsizetype at = HashOf(texts_[number]) & mask;
         while (slots_[at] != 0) at = (at + 1) & mask;
         slots_[at] = static_cast<quint32>(number);
     }
@@ -24,9 +36,11 @@ quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (text.isEmpty()) return 0;
     if (2 * texts_.size() >= slots_.size()) rehash();
     const qsizetype mask = slots_.size() - 1;
-    qsizetype at = qHash(text) & mask;
-    for (; slots_[at] != 0; at = (at + 1) & mask)
-        if (texts_[slots_[at]] == text) return slots_[at];
+    qsizetype at = HashOf(text) & mask;
+    const quint32* const taken = slots_.constData();
+    const QString* const texts = texts_.constData();
+    for (; taken[at] != 0; at = (at + 1) & mask)
+        if (texts[taken[at]] == text) return taken[at];
     texts_.append(whole ? *whole : text.toString());
     slots_[at] = static_cast<quint32>(texts_.size() - 1);
     return slots_[at];
@@ -40,6 +54,12 @@ void TextTable::setCell(int row, int col, QStringView text, const QString* whole
 void TextTable::insertRow(int row) {
     if (row < 0 || row > rows()) return;
     cells_.insert(static_cast<qsizetype>(row) * cols_, cols_, 0);
+}
+
+void TextTable::appendRow(const quint32* numbers) {
+    const qsizetype end = cells_.size();
+    cells_.resize(end + cols_);
+    std::copy(numbers, numbers + cols_, cells_.data() + end);
 }
 
 void TextTable::removeRow(int row) {

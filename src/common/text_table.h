@@ -23,6 +23,12 @@ class TextTable {
     // A text that is new to the table is kept as it is, its characters shared.
     void setCell(int row, int col, const QString& text) { setCell(row, col, text, &text); }
 
+    // The number of a text, which every cell that holds it shares; a cell may take it by
+    // number, as a reader does for texts it has seen before.
+    quint32 numberOf(QStringView text) { return numberOf(text, nullptr); }
+    // A row at the end whose cells take the texts numbered `numbers`, one per column.
+    void appendRow(const quint32* numbers);
+
     // A row of empty cells before `row` (at the end for rows()).
     void insertRow(int row);
     void appendRow() { insertRow(rows()); }

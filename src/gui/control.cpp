@@ -142,9 +142,6 @@ void Control::setTop(int twips) {
 void Control::SetFocus() {
     widget_->setFocus(Qt::OtherFocusReason);
 }
-bool Control::HasFocus() const {
-    return widget_->hasFocus() || widget_->isAncestorOf(QApplication::focusWidget());
-}
 
 void Control::adopt(QWidget* widget, Control& parent, const QString& name, const Look& look) {
     widget_ = widget;
@@ -194,18 +191,13 @@ void Form::onQueryUnload(std::function<void(int&, int&)> handler) {
 void Form::Show() {
     widget_->show();
 }
-void Form::Close() {
-    widget_->close();
-}
 
 void Form::Announce(const QString& text) {
     detail::Announce(widget_, text);
 }
 
 void Form::onShortcut(const QKeySequence& keys, Handler handler) {
-    auto* shortcut = new QShortcut(keys, widget_);
-    shortcut->setContext(Qt::WindowShortcut);
-    QObject::connect(shortcut, &QShortcut::activated, widget_, std::move(handler));
+    new QShortcut(keys, widget_, std::move(handler), Qt::WindowShortcut);
 }
 
 // ---- Frame ----------------------------------------------------------------------------
@@ -343,10 +335,6 @@ void TextBox::setText(const QString& text) {
     multi_->setText(text);
 }
 
-int TextBox::MaxLength() const {
-    return line_ && line_->maxLength() < 32767 ? line_->maxLength() : 0;
-}
-
 void TextBox::setSelStart(int start) {
     if (line_) line_->setCursorPosition(start);
 }
@@ -417,14 +405,6 @@ void ComboBox::AddItem(const QString& item) {
 int ComboBox::ListCount() const {
     return box_->count();
 }
-QString ComboBox::List(int index) const {
-    return box_->itemText(index);
-}
-
-void ComboBox::setListIndex(int index) {
-    box_->setCurrentIndex(index);
-    listIndex_ = box_->currentIndex();
-}
 
 void ComboBox::onKeyPress(KeyHandler handler) {
     // The keys arrive at the combo box, which hands them to its edit box by a direct call
@@ -484,10 +464,6 @@ void Button::create(Control& parent, const QString& name, const Look& look) {
     if (!look.picture.isEmpty()) button->setPicture(look.picture);
 }
 
-QString Button::Caption() const {
-    return static_cast<QAbstractButton*>(widget_)->text();
-}
-
 void Button::onClick(Handler handler) {
     QObject::connect(static_cast<QAbstractButton*>(widget_), &QAbstractButton::clicked, widget_,
                      [h = std::move(handler)](bool) { h(); });
@@ -507,10 +483,6 @@ void ListBox::create(Control& parent, const QString& name, const Look& look) {
     QPalette pal = list->palette();
     pal.setColor(QPalette::WindowText, pal.color(QPalette::Mid));
     list->setPalette(pal);
-}
-
-int ListBox::ListCount() const {
-    return static_cast<QListWidget*>(widget_)->count();
 }
 
 void Image::create(Control& parent, const QString& name, const Look& look) {

@@ -47,7 +47,6 @@ class Control {
     void setLeft(int twips);
     void setTop(int twips);
     void SetFocus();
-    bool HasFocus() const;
 
   protected:
     void adopt(QWidget* widget, Control& parent, const QString& name, const Look& look);
@@ -65,8 +64,7 @@ class Form : public Control {
     void create(const QString& name, const Look& look, const QString& iconDrawing);
     QString Caption() const;
     void onQueryUnload(std::function<void(int& cancel, int& unloadMode)> handler);
-    void Show();   // where the window manager puts it: centred on the screen it starts on
-    void Close();  // asks, as the close box does
+    void Show();  // where the window manager puts it: centred on the screen it starts on
     // A local file dropped anywhere on the window; its path goes to `handler`.
     void onFileDrop(std::function<void(const QString&)> handler);
     // Runs `handler` when the keys are pressed anywhere in the window, whatever has the
@@ -132,7 +130,6 @@ class TextBox : public Control {
     void create(Control& parent, const QString& name, const Look& look);
     QString Text() const;
     void setText(const QString& text);
-    int MaxLength() const;
     QString Tag() const { return tag_; }
     void setTag(const QString& tag) { tag_ = tag; }
     void setSelStart(int start);
@@ -156,9 +153,7 @@ class ComboBox : public Control {
     void Clear();                          // list and text
     void AddItem(const QString& item);
     int ListCount() const;
-    QString List(int index) const;
     int ListIndex() const { return listIndex_; }
-    void setListIndex(int index);  // as the user picking an item
     QString Tag() const { return tag_; }
     void setTag(const QString& tag) { tag_ = tag; }
     void onKeyPress(KeyHandler handler);
@@ -188,7 +183,6 @@ class CheckBox : public Control {
 class Button : public Control {
   public:
     void create(Control& parent, const QString& name, const Look& look);
-    QString Caption() const;
     void onClick(Handler handler);
     void Click();  // as the user pressing it, when enabled
 };
@@ -196,7 +190,6 @@ class Button : public Control {
 class ListBox : public Control {
   public:
     void create(Control& parent, const QString& name, const Look& look);
-    int ListCount() const;
 };
 
 // A still picture (Look::picture), no logic.

@@ -5,7 +5,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -14,40 +13,6 @@
 
 namespace gui {
 namespace {
-
-QMessageBox::Icon IconOf(int style) {
-    switch (style & 0x70) {
-        case kCritical:
-            return QMessageBox::Critical;
-        case 32:
-            return QMessageBox::Question;
-        case kExclamation:
-            return QMessageBox::Warning;
-        case kInformation:
-            return QMessageBox::Information;
-        default:
-            return QMessageBox::NoIcon;
-    }
-}
-
-struct ButtonSet {
-    std::vector<std::pair<QMessageBox::StandardButton, int>> buttons;
-};
-
-ButtonSet ButtonsOf(int style) {
-    switch (style & 0x7) {
-        case 1:
-            return {{{QMessageBox::Ok, kAnswerOk}, {QMessageBox::Cancel, kAnswerCancel}}};
-        case 3:
-            return {{{QMessageBox::Yes, kAnswerYes},
-                     {QMessageBox::No, kAnswerNo},
-                     {QMessageBox::Cancel, kAnswerCancel}}};
-        case kYesNo:
-            return {{{QMessageBox::Yes, kAnswerYes}, {QMessageBox::No, kAnswerNo}}};
-        default:
-            return {{{QMessageBox::Ok, kAnswerOk}}};
-    }
-}
 
 // "name|pattern|name|pattern" as Qt's "name (pattern);;name (pattern)".
 QString QtFilter(const QString& filter) {
@@ -101,32 +66,30 @@ std::optional<QString> RunSaveDialog(const SaveDialog& browse, const QString& pr
 
 }  // namespace
 
-int MsgBox(const QString& text, int style, const QString& title) {
+static_assert(int(MsgButton::Ok) == QMessageBox::Ok && int(MsgButton::Yes) == QMessageBox::Yes &&
+              int(MsgButton::No) == QMessageBox::No);
+static_assert(int(MsgIcon::Information) == QMessageBox::Information &&
+              int(MsgIcon::Warning) == QMessageBox::Warning &&
+              int(MsgIcon::Critical) == QMessageBox::Critical);
+
+MsgButton MsgBox(const QString& text, const MsgStyle& style, const QString& title) {
     auto& seams = detail::Seams();
     seams.msgBoxCalls.push_back({text, style, title});
     if (!seams.msgBoxAnswers.empty()) {
-        const int answer = seams.msgBoxAnswers.front();
+        const MsgButton answer = seams.msgBoxAnswers.front();
         seams.msgBoxAnswers.pop_front();
         return answer;
     }
     if (seams.testMode) {  // a headless test would wait for ever on a real dialog
         ++seams.unanswered;
-        return (style & 0x7) == kYesNo ? kAnswerNo : kAnswerOk;
+        return style.buttons.testFlag(MsgButton::No) ? MsgButton::No : MsgButton::Ok;
     }
-    QMessageBox box(IconOf(style), title, text, QMessageBox::NoButton,
+    QMessageBox box(QMessageBox::Icon(style.icon), title, text,
+                    QMessageBox::StandardButtons(style.buttons.toInt()),
                     QApplication::activeWindow());
-    const ButtonSet set = ButtonsOf(style);
-    int defaultIndex = (style >> 8) & 0x3;
-    for (size_t i = 0; i < set.buttons.size(); ++i) {
-        QPushButton* b = box.addButton(set.buttons[i].first);
-        if (static_cast<int>(i) == defaultIndex) box.setDefaultButton(b);
-    }
-    box.exec();
-    const auto clicked = box.standardButton(box.clickedButton());
-    for (const auto& [button, answer] : set.buttons)
-        if (button == clicked) return answer;
-    // Closed by the window's own close box: the answer of the last button, as Escape gives.
-    return set.buttons.size() == 1 ? kAnswerOk : set.buttons.back().second;
+    if (style.defaultButton != MsgButton::None)
+        box.setDefaultButton(QMessageBox::StandardButton(style.defaultButton));
+    return MsgButton(box.exec());
 }
 
 bool SaveDialog::ShowSave() {

@@ -2,23 +2,29 @@
 // The modal dialogs: the message box and the save dialog. Tests answer them through the
 // seams in gui/seams.h; without a queued answer the real Qt dialog runs.
 
+#include <QFlags>
 #include <QString>
 
 namespace gui {
 
-// Message box styles and answers, by their numbers.
-enum MsgStyle : int {
-    kOkOnly = 0,
-    kYesNo = 4,
-    kCritical = 16,
-    kExclamation = 48,
-    kInformation = 64,
-    kDefaultButton2 = 256,
-};
-enum MsgAnswer : int { kAnswerOk = 1, kAnswerCancel = 2, kAnswerYes = 6, kAnswerNo = 7 };
+// What a message box shows besides its text: its buttons, its picture and the button that
+// Return presses. The values are QMessageBox's own, so that they pass to it as they are;
+// QMessageBox is a widget class, which only gui/ includes.
+enum class MsgButton : int { None = 0, Ok = 0x400, Yes = 0x4000, No = 0x10000 };
+Q_DECLARE_FLAGS(MsgButtons, MsgButton)
+Q_DECLARE_OPERATORS_FOR_FLAGS(MsgButtons)
+enum class MsgIcon : int { None = 0, Information = 1, Warning = 2, Critical = 3 };
 
-// Shows a modal message box; returns the button pressed.
-int MsgBox(const QString& text, int style, const QString& title);
+struct MsgStyle {
+    MsgButtons buttons = MsgButton::Ok;
+    MsgIcon icon = MsgIcon::None;
+    MsgButton defaultButton = MsgButton::None;  // none: the box picks one by the buttons' roles
+    bool operator==(const MsgStyle&) const = default;
+};
+
+// Shows a modal message box; returns the button pressed. The close box gives the button that
+// Escape presses: No where there is one, else Ok.
+MsgButton MsgBox(const QString& text, const MsgStyle& style, const QString& title);
 
 // The save-file dialog with what the save flow sets on it.
 struct SaveDialog {

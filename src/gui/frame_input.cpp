@@ -1,9 +1,9 @@
 // What a frame does with the keyboard: the buttons that Return and Escape press while it
 // shows, and where the focus goes when it comes on screen and when it hides.
 #include <QApplication>
-#include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "gui/control.h"
 
@@ -36,49 +36,6 @@ class FocusReturn : public QObject {
 
 namespace {
 
-// Watches every key of the application: a plain push button acts on Return only inside a
-// dialog, and the frame is no dialog, so its keys are caught before any control sees them.
-class DialogKeys : public QObject {
-  public:
-    DialogKeys(Frame& frame, Button* defaultButton, Button* cancelButton)
-        : QObject(frame.widget()),
-          frame_(frame.widget()),
-          hide_([&frame] { frame.setVisible(false); }),
-          default_(defaultButton),
-          cancel_(cancelButton) {
-        qApp->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || !frame_->isVisible()) return false;
-        auto* target = qobject_cast<QWidget*>(watched);
-        if (!target || target->window() != frame_->window()) return false;
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->modifiers() & ~Qt::KeypadModifier) return false;
-        switch (key->key()) {
-            case Qt::Key_Return:
-            case Qt::Key_Enter:
-                if (!default_) return false;
-                default_->Click();
-                return true;
-            case Qt::Key_Escape:
-                if (cancel_)
-                    cancel_->Click();
-                else
-                    hide_();
-                return true;
-            default:
-                return false;
-        }
-    }
-
-  private:
-    QWidget* frame_;
-    Handler hide_;
-    Button* default_;  // none: Return does what it does elsewhere
-    Button* cancel_;   // none: Escape hides the frame
-};
-
 bool TakesInput(const QWidget* w) {
     return (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy() &&
            !qobject_cast<const QPushButton*>(w);
@@ -92,12 +49,19 @@ void Frame::setVisible(bool visible) {
     widget_->setVisible(visible);
 }
 
+// A plain push button takes Return only inside a dialog, and the frame is no dialog: the frame
+// has shortcuts of its own. Qt lets a shortcut act only while the widget it belongs to shows,
+// so these follow the frame's visibility, with the focus anywhere in its window.
 void Frame::setDialogButtons(Button& defaultButton, Button& cancelButton) {
-    new DialogKeys(*this, &defaultButton, &cancelButton);
+    auto* enter = new QShortcut(widget_);
+    enter->setKeys({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    QObject::connect(enter, &QShortcut::activated, enter,
+                     [&defaultButton] { defaultButton.Click(); });
+    new QShortcut(QKeySequence(Qt::Key_Escape), widget_, [&cancelButton] { cancelButton.Click(); });
 }
 
 void Frame::HideOnEscape() {
-    new DialogKeys(*this, nullptr, nullptr);
+    new QShortcut(QKeySequence(Qt::Key_Escape), widget_, [this] { setVisible(false); });
 }
 
 bool Frame::FocusFirstInput() {

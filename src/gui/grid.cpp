@@ -137,12 +137,10 @@ void Grid::create(Control& parent, const QString& name, const Look& look, const 
     const int rowHeight = TwipsToPixels(240);
     QHeaderView* top = view_->horizontalHeader();
     QHeaderView* side = view_->verticalHeader();
-    top->setSectionsClickable(false);
     top->setHighlightSections(false);
     top->setMinimumSectionSize(4);
     top->setSectionResizeMode(QHeaderView::Interactive);  // a border drags wider, to read a cell
     top->setFixedHeight(rowHeight + 2);
-    side->setSectionsClickable(false);
     side->setHighlightSections(false);
     side->setSectionResizeMode(QHeaderView::Fixed);
     side->setMinimumSectionSize(4);

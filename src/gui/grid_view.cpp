@@ -1,73 +1,77 @@
 #include "gui/grid_view.h"
 
 #include <QAbstractButton>
-#include <QApplication>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <utility>
 
 #include "gui/widgets.h"
 
 namespace gui {
 
 GridView::GridView(QWidget* parent) : QTableView(parent) {
-    // The heads and the marks are widgets of their own; their clicks are watched here and
-    // left to them as well, so that a drag on a border still does what the head does.
-    horizontalHeader()->viewport()->installEventFilter(this);
-    verticalHeader()->viewport()->installEventFilter(this);
-    if (auto* corner = findChild<QAbstractButton*>()) corner->installEventFilter(this);
-}
-
-bool GridView::eventFilter(QObject* watched, QEvent* event) {
-    const bool onHead = watched == horizontalHeader()->viewport() ||
-                        watched == verticalHeader()->viewport() ||
-                        qobject_cast<QAbstractButton*>(watched);
-    const QEvent::Type type = event->type();
-    if (onHead && type == QEvent::MouseButtonDblClick) {
-        headPressed_ = false;  // the click before it was the Click
-        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && dblClick) dblClick();
-    } else if (onHead && (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease)) {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        const QPoint at = mouse->globalPosition().toPoint();
-        const bool left = mouse->button() == Qt::LeftButton;
-        if (type == QEvent::MouseButtonPress) {
-            headPressed_ = left;
-            headPress_ = at;
-        } else {
-            // A drag on a head is no click.
-            const bool dragged =
-                (at - headPress_).manhattanLength() >= QApplication::startDragDistance();
-            if (headPressed_ && left && !dragged) {
-                moveToHead(watched, *mouse);
-                if (click) click();
-            }
-            headPressed_ = false;
-        }
+    // The heads and the marks report their clicks. A press on one would select its whole
+    // column or row, and a drag over them extend that: a head moves the current cell instead.
+    QHeaderView* heads = horizontalHeader();
+    QHeaderView* marks = verticalHeader();
+    for (QHeaderView* header : {heads, marks}) {
+        header->setSectionsClickable(true);
+        disconnect(header, &QHeaderView::sectionPressed, this, nullptr);
+        disconnect(header, &QHeaderView::sectionEntered, this, nullptr);
+        connect(header, &QHeaderView::sectionPressed, this, [this](int section) {
+            afterDoubleClick_ = false;
+            // Beyond the last head or mark no section reports its click: the press is the click.
+            if (section < 0) headClicked();
+        });
+        connect(header, &QHeaderView::sectionDoubleClicked, this, &GridView::headDoubleClicked);
+        connect(header, &QHeaderView::sectionHandleDoubleClicked, this,
+                &GridView::headDoubleClicked);
     }
-    return QTableView::eventFilter(watched, event);
-}
-
-void GridView::moveToHead(QObject* head, const QMouseEvent& mouse) {
-    const QPoint at = mouse.position().toPoint();
-    if (head == verticalHeader()->viewport()) {
+    connect(heads, &QHeaderView::sectionClicked, this, [this](int col) {
+        // A column's head makes the column current, on the current row.
+        const int row = anchorRow();
+        resetAnchor();
+        setCurrentIndex(model()->index(row, col));
+        headClicked();
+    });
+    connect(marks, &QHeaderView::sectionClicked, this, [this](int row) {
         // A row's mark makes the row current and selects it; with Shift it extends the
         // selection from the current row, as a Shift click on a cell does.
-        const int row = verticalHeader()->logicalIndexAt(at.y());
-        if (row < 0) return;
-        if (!(mouse.modifiers() & Qt::ShiftModifier)) {
+        if (!(QGuiApplication::keyboardModifiers() & Qt::ShiftModifier)) {
             const int col = anchorCol();
             resetAnchor();
             setCurrentIndex(model()->index(row, col));
         }
         extendTo(row);
-    } else if (head == horizontalHeader()->viewport()) {
-        // A column's head makes the column current, on the current row.
-        const int col = horizontalHeader()->logicalIndexAt(at.x());
-        if (col < 0) return;
-        const int row = anchorRow();
-        resetAnchor();
-        setCurrentIndex(model()->index(row, col));
-    }
+        headClicked();
+    });
+    // The corner, the head of the marks, is a button of the table's that does nothing: its
+    // clicks are watched.
+    if (auto* corner = findChild<QAbstractButton*>()) corner->installEventFilter(this);
+}
+
+void GridView::headDoubleClicked() {
+    afterDoubleClick_ = true;
+    if (dblClick) dblClick();
+}
+
+void GridView::headClicked() {
+    if (afterDoubleClick_)
+        afterDoubleClick_ = false;
+    else if (click)
+        click();
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::MouseButtonPress) afterDoubleClick_ = false;
+    const bool release = type == QEvent::MouseButtonRelease;
+    if ((release || type == QEvent::MouseButtonDblClick) &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        release ? headClicked() : headDoubleClicked();
+    return QTableView::eventFilter(watched, event);
 }
 
 int GridView::anchorRow() const {
@@ -133,19 +137,13 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
-    const bool wasPressed = pressed_;
-    pressed_ = false;
-    if (afterDoubleClick_) {
-        afterDoubleClick_ = false;
-        return;
-    }
-    if (wasPressed && event->button() == Qt::LeftButton && click) click();
+    // The release that ends a double click follows no press of its own.
+    if (std::exchange(pressed_, false) && event->button() == Qt::LeftButton && click) click();
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    QTableView::mouseDoubleClickEvent(event);
+    QTableView::mouseDoubleClickEvent(event);  // on the empty area, a press
     pressed_ = false;
-    afterDoubleClick_ = true;
     if (event->button() == Qt::LeftButton && dblClick) dblClick();
 }
 

@@ -39,15 +39,14 @@ class GridView : public QTableView {
     void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
 
   private:
-    void moveToHead(QObject* head, const QMouseEvent& mouse);
+    void headClicked();  // a Click, unless it ends a double click
+    void headDoubleClicked();
     bool extending_ = false;  // the current cell moves as the far end of a selection
     bool extended_ = false;   // the anchor below stands for the current cell
     int anchorRow_ = 0;
     int anchorCol_ = 0;
     bool pressed_ = false;
-    bool afterDoubleClick_ = false;
-    QPoint headPress_;  // where the button went down on a head or a mark, when it did
-    bool headPressed_ = false;
+    bool afterDoubleClick_ = false;  // on a head, the next release ends a double click
 };
 
 // Grid lines in the grid's own colour.

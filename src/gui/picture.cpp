@@ -81,18 +81,10 @@ void Picture::create(Control& parent, const QString& name, const Look& look, dou
     view_->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-int Picture::ForeColor() const {
-    const QColor c = view_->fore;
-    return c.red() + 256 * c.green() + 65536 * c.blue();
-}
-
 void Picture::setForeColor(int colour) {
     view_->fore = QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
 
-double Picture::ScaleWidth() const {
-    return view_->scaleWidth;
-}
 double Picture::ScaleHeight() const {
     return view_->scaleHeight;
 }

@@ -17,9 +17,7 @@ class Picture : public Control {
     // `look.back` is the back colour, `look.fore` the drawing colour.
     void create(Control& parent, const QString& name, const Look& look, double scaleWidth,
                 double scaleHeight);
-    int ForeColor() const;  // colour number: red + 256 * green + 65536 * blue
-    void setForeColor(int colour);
-    double ScaleWidth() const;
+    void setForeColor(int colour);  // colour number: red + 256 * green + 65536 * blue
     double ScaleHeight() const;
     // A filled box between two corners in the user scale, outline and inside in ForeColor.
     void Line(double x1, double y1, double x2, double y2);

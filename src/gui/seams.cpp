@@ -34,7 +34,7 @@ namespace gui::seams {
 
 using detail::Seams;
 
-void QueueMsgBoxAnswer(int answer) {
+void QueueMsgBoxAnswer(MsgButton answer) {
     Seams().testMode = true;
     Seams().msgBoxAnswers.push_back(answer);
 }
@@ -76,9 +76,6 @@ int UnansweredCalls() {
 
 void FixClock(const QDateTime& when) {
     Seams().fixedClock = when;
-}
-void FreeClock() {
-    Seams().fixedClock.reset();
 }
 bool EndRequested() {
     return Seams().endRequested;

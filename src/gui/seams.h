@@ -9,11 +9,13 @@
 #include <optional>
 #include <vector>
 
+#include "gui/dialogs.h"
+
 namespace gui::seams {
 
 struct MsgBoxCall {
     QString text;
-    int style = 0;
+    MsgStyle style;
     QString title;
 };
 
@@ -31,8 +33,8 @@ struct OpenDialogCall {
     QString selectedFilter;
 };
 
-// Message box: the next answer pressed (kAnswerYes, kAnswerNo, kAnswerOk ...).
-void QueueMsgBoxAnswer(int answer);
+// Message box: the next button pressed.
+void QueueMsgBoxAnswer(MsgButton answer);
 // Save dialog: the chosen path, or nothing for a cancel.
 void QueueSaveAnswer(std::optional<QString> path);
 // Save dialog: the real one comes up, for a test that drives it itself (see
@@ -48,7 +50,6 @@ int PendingAnswers();   // answers queued and not used yet
 int UnansweredCalls();  // dialogs that came up in a test with no answer queued
 
 void FixClock(const QDateTime& when);
-void FreeClock();
 
 bool EndRequested();
 

@@ -12,7 +12,7 @@ namespace gui::detail {
 
 struct SeamState {
     bool testMode = false;  // a test drives the program: ending it only records the request
-    std::deque<int> msgBoxAnswers;
+    std::deque<MsgButton> msgBoxAnswers;
     std::deque<std::optional<QString>> saveAnswers;
     int realSaveDialogs = 0;  // save dialogs that a test lets come up for real, in turn
     std::vector<seams::MsgBoxCall> msgBoxCalls;

@@ -9,130 +9,13 @@
 #include <QTextEdit>
 #include <QTextLayout>
 
+#include "common/text_pieces.h"
+
 namespace gui::detail {
 namespace {
 
 using Unit = QAccessible::TextBoundaryType;
-
-struct Span {
-    int start = 0;
-    int end = 0;
-};
-
-// ---- Pieces of text ----------------------------------------------------------------------
-// Each kind of piece cuts the text into pieces that follow one another without a gap. A
-// piece is found by walking to it from the start of the text, a piece at a time.
-
-char32_t CodePointAt(const QString& s, int i) {
-    if (s[i].isHighSurrogate() && i + 1 < s.size() && s[i + 1].isLowSurrogate())
-        return QChar::surrogateToUcs4(s[i], s[i + 1]);
-    return s[i].unicode();
-}
-
-int Width(char32_t c) {
-    return QChar::requiresSurrogates(c) ? 2 : 1;
-}
-
-bool EndsLine(QChar c) {
-    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-}
-bool EndsParagraph(QChar c) {
-    return EndsLine(c) && c != QChar::LineSeparator;
-}
-bool IsBlank(QChar c) {
-    return c.isSpace() && !EndsLine(c);
-}
-bool InWord(char32_t c) {
-    return !QChar::isSpace(c) && !QChar::isPunct(c);
-}
-bool EndsSentence(QChar c) {
-    return c == u'.' || c == u'!' || c == u'?' || c == u'\u2026' || c == u'\u3002' ||
-           c == u'\uFF01' || c == u'\uFF1F';
-}
-// A closing quote or bracket after the full stop belongs to the sentence it ends.
-bool Closes(QChar c) {
-    return c.category() == QChar::Punctuation_Close ||
-           c.category() == QChar::Punctuation_FinalQuote || c == u'"' || c == u'\'';
-}
-
-// Past the line end at `i`: CR LF is one line end.
-int PastLineEnd(const QString& s, int i) {
-    return i + (s[i] == u'\r' && i + 1 < s.size() && s[i + 1] == u'\n' ? 2 : 1);
-}
-
-// A character with the marks that sit on it; one outside the first plane takes two places.
-int CharEnd(const QString& s, int i) {
-    int j = i + Width(CodePointAt(s, i));
-    while (j < s.size() && QChar::isMark(CodePointAt(s, j))) j += Width(CodePointAt(s, j));
-    return j;
-}
-
-// A word runs from its first letter to the next word's: the blanks and punctuation after it
-// are read with it, as a screen reader steps from word start to word start.
-int WordEnd(const QString& s, int i) {
-    int j = i;
-    while (j < s.size() && InWord(CodePointAt(s, j))) j += Width(CodePointAt(s, j));
-    while (j < s.size() && !InWord(CodePointAt(s, j))) j += Width(CodePointAt(s, j));
-    return j;
-}
-
-// A sentence ends after its full stop and the blanks that follow, or at a line end. A stop
-// with no blank after it ("3.5", "a.b") ends nothing.
-int SentenceEnd(const QString& s, int i) {
-    const int n = int(s.size());
-    for (int j = i; j < n; ++j) {
-        if (EndsLine(s[j])) return PastLineEnd(s, j);
-        if (!EndsSentence(s[j])) continue;
-        int k = j + 1;
-        while (k < n && (EndsSentence(s[k]) || Closes(s[k]))) ++k;
-        if (k < n && !s[k].isSpace()) {
-            j = k - 1;
-            continue;
-        }
-        while (k < n && IsBlank(s[k])) ++k;
-        return k < n && EndsLine(s[k]) ? PastLineEnd(s, k) : k;
-    }
-    return n;
-}
-
-// A line, or a paragraph, with its line end.
-int LineEnd(const QString& s, int i, bool (*ends)(QChar)) {
-    int j = i;
-    while (j < s.size() && !ends(s[j])) ++j;
-    return j < s.size() ? PastLineEnd(s, j) : j;
-}
-
-// Where the piece that starts at `i` ends, which is where the next one starts.
-int PieceEnd(const QString& s, int i, Unit unit) {
-    switch (unit) {
-        case QAccessible::CharBoundary:
-            return CharEnd(s, i);
-        case QAccessible::WordBoundary:
-            return WordEnd(s, i);
-        case QAccessible::SentenceBoundary:
-            return SentenceEnd(s, i);
-        case QAccessible::LineBoundary:
-            return LineEnd(s, i, EndsLine);
-        case QAccessible::ParagraphBoundary:
-            return LineEnd(s, i, EndsParagraph);
-        case QAccessible::NoBoundary:
-            break;
-    }
-    return int(s.size());
-}
-
-// The piece that holds offset `p`, 0 <= p < size. Each step moves on by at least one place,
-// so the walk ends within size steps whatever a piece's end says.
-Span PieceAround(const QString& s, int p, Unit unit) {
-    for (int start = 0; start < s.size();) {
-        const int end = qBound(start + 1, PieceEnd(s, start, unit), int(s.size()));
-        if (p < end) return {start, end};
-        start = end;
-    }
-    return {int(s.size()), int(s.size())};
-}
-
-// ---- The readers ---------------------------------------------------------------------------
+using common::Span;
 
 class TextReader : public QAccessibleWidget,
                    public QAccessibleTextInterface,
@@ -162,44 +45,41 @@ class TextReader : public QAccessibleWidget,
 
   protected:
     virtual Span lineAround(const QString& all, int p) const {
-        return PieceAround(all, p, QAccessible::LineBoundary);
+        return common::PlainLineAround(all, p);
     }
 
   private:
-    // The end of the text, where no character stands, belongs to the last piece; but it is a
-    // character of its own, and after a final line end a line of its own, both empty.
-    Span pieceAt(const QString& all, int offset, Unit unit) const {
-        const int n = int(all.size());
-        if (unit == QAccessible::NoBoundary) return {0, n};
-        if (offset < n)
-            return unit == QAccessible::LineBoundary ? lineAround(all, offset)
-                                                     : PieceAround(all, offset, unit);
-        if (n == 0 || unit == QAccessible::CharBoundary) return {n, n};
-        const bool lineEnded =
-            (unit == QAccessible::LineBoundary && EndsLine(all[n - 1])) ||
-            (unit == QAccessible::ParagraphBoundary && EndsParagraph(all[n - 1]));
-        return lineEnded ? Span{n, n} : pieceAt(all, n - 1, unit);
+    static common::TextPiece PieceOf(Unit unit) {
+        using common::TextPiece;
+        switch (unit) {
+            case QAccessible::CharBoundary:
+                return TextPiece::kCharacter;
+            case QAccessible::WordBoundary:
+                return TextPiece::kWord;
+            case QAccessible::SentenceBoundary:
+                return TextPiece::kSentence;
+            case QAccessible::LineBoundary:
+                return TextPiece::kLine;
+            case QAccessible::ParagraphBoundary:
+                return TextPiece::kParagraph;
+            case QAccessible::NoBoundary:
+                break;
+        }
+        return TextPiece::kWhole;
     }
 
     // `step` -1 asks for the piece before the one at `offset`, 1 for the one after it.
     QString piece(int offset, Unit unit, int step, int* start, int* end) const {
         const QString all = text(0, characterCount());
-        const int n = int(all.size());
         if (offset == -2) offset = cursorPosition();  // -2 stands for the caret, -1 for the end
-        if (offset == -1) offset = n;
+        if (offset == -1) offset = int(all.size());
         *start = *end = -1;
-        if (offset < 0 || offset > n) return {};
-        Span found = pieceAt(all, offset, unit);
-        if (step < 0) {
-            if (found.start == 0) return {};
-            found = pieceAt(all, found.start - 1, unit);
-        } else if (step > 0) {
-            if (found.end >= n) return {};
-            found = pieceAt(all, found.end, unit);
-        }
-        *start = found.start;
-        *end = found.end;
-        return all.mid(found.start, found.end - found.start);
+        const auto line = [this](const QString& text, int p) { return lineAround(text, p); };
+        const std::optional<Span> found = common::PieceNear(all, offset, PieceOf(unit), step, line);
+        if (!found) return {};
+        *start = found->start;
+        *end = found->end;
+        return all.mid(found->start, found->end - found->start);
     }
 };
 

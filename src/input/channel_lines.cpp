@@ -201,24 +201,34 @@ QString ChannelRows::add(QStringView text, int number) {
     if (rows_.rows() >= common::kMaxChannelRows)
         return at(
             QStringLiteral("the table holds at most %1 channels").arg(common::kMaxChannelRows));
-    const int row = rows_.rows();
-    rows_.appendRow();
-    const QStringView cells[] = {u"#",
-                                 line.offset,
-                                 u"0",
-                                 TypeOfLetter(line.letter),
-                                 AttributeCell(line.attribute),
-                                 line.key,
-                                 line.wheel,
-                                 line.label,
-                                 line.curve,
-                                 line.inv,
-                                 line.ratio,
-                                 line.locate,
-                                 line.highlight,
-                                 line.lowlight,
-                                 line.comment};
-    for (int col = 0; col < common::kChannelColumns; ++col) rows_.setCell(row, col, cells[col]);
+    const auto view = [](QStringView v) {
+        return std::u16string_view(reinterpret_cast<const char16_t*>(v.utf16()),
+                                   static_cast<std::size_t>(v.size()));
+    };
+    const Shape shape{view(text.first(line.offset.data() - text.data())), view(line.tail)};
+    const auto [known, isNew] = shapes_.try_emplace(shape);
+    std::array<quint32, common::kChannelColumns>& numbers = known->second;
+    if (isNew) {
+        const QStringView cells[] = {u"#",
+                                     {},
+                                     u"0",
+                                     TypeOfLetter(line.letter),
+                                     AttributeCell(line.attribute),
+                                     line.key,
+                                     line.wheel,
+                                     line.label,
+                                     line.curve,
+                                     line.inv,
+                                     line.ratio,
+                                     line.locate,
+                                     line.highlight,
+                                     line.lowlight,
+                                     line.comment};
+        for (int col = 0; col < common::kChannelColumns; ++col)
+            numbers[col] = rows_.numberOf(cells[col]);
+    }
+    numbers[common::kDmx1] = rows_.numberOf(line.offset);
+    rows_.appendRow(numbers.data());
     highest_ = std::max(highest_, OffsetOf(line.offset));
     waiting_ = line;
     waitingNumber_ = number;

@@ -5,6 +5,9 @@
 
 #include <QString>
 #include <QStringView>
+#include <array>
+#include <string_view>
+#include <unordered_map>
 
 #include "common/channel_grid.h"
 #include "common/text_table.h"
@@ -26,7 +29,7 @@ QString ParseChannelLine(QStringView text, ChannelLine& line);
 class ChannelRows {
   public:
     // Takes the next line (`number` counts the lines of the file from 1); its text must live
-    // until the next line is taken. The reason when the line cannot be read, empty when it
+    // as long as this collector. The reason when the line cannot be read, empty when it
     // was taken.
     QString add(QStringView text, int number);
     // After the last line: the reason when a 16-bit channel still waits for its low byte.
@@ -38,6 +41,20 @@ class ChannelRows {
     int highestOffset() const { return highest_; }
 
   private:
+    // A line but for its offset: what stands before the offset, and the tail behind it. A long
+    // table repeats a few shapes, whose cells need reading once.
+    struct Shape {
+        std::u16string_view head, tail;
+        bool operator==(const Shape&) const = default;
+    };
+    struct ShapeHash {
+        std::size_t operator()(const Shape& s) const {
+            const std::hash<std::u16string_view> hash;
+            return hash(s.head) * 31 + hash(s.tail);
+        }
+    };
+    std::unordered_map<Shape, std::array<quint32, common::kChannelColumns>, ShapeHash> shapes_;
+
     common::TextTable rows_{common::kChannelColumns};
     ChannelLine waiting_;  // the line of the last row while a low byte line may follow it
     int waitingNumber_ = 0;

@@ -6,14 +6,47 @@ namespace input {
 
 namespace {
 
+// The options, with what the help says of each.
 struct Options {
-    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}};
-    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")}};
-    QCommandLineOption mode{QStringLiteral("mode"), {}, QStringLiteral("NAME")};
-    QCommandLineOption convert{QStringLiteral("convert")};
-    QCommandLineOption to{QStringLiteral("to"), {}, QStringLiteral("DIR")};
-    QCommandLineOption force{QStringLiteral("force")};
-    QCommandLineOption check{QStringLiteral("check")};
+    QCommandLineOption mode{QStringLiteral("mode"),
+                            QStringLiteral("of a fixture with several modes, the one to take, by "
+                                           "its name or its number from 1; else the wizard asks, "
+                                           "and --convert writes every mode"),
+                            QStringLiteral("NAME|NUMBER")};
+    QCommandLineOption convert{
+        QStringLiteral("convert"),
+        QStringLiteral("write, for every mode of every QLC+ fixture given (or only the mode --mode "
+                       "names), the fixture file the wizard writes, into DIR as "
+                       "MANUFACTURER-MODEL-MODE.R20; prints each written path")};
+    QCommandLineOption to{QStringLiteral("to"),
+                          QStringLiteral("where --convert writes; made when missing"),
+                          QStringLiteral("DIR")};
+    QCommandLineOption force{
+        QStringLiteral("force"),
+        QStringLiteral("--convert replaces files that exist (else they are skipped)")};
+    QCommandLineOption check{
+        QStringLiteral("check"),
+        QStringLiteral("print \"FILE: ok\" or the advice the wizard gives before saving, for "
+                       "fixture files and, mode by mode, for QLC+ fixtures")};
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                            QStringLiteral("show this help and exit")};
+    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")},
+                               QStringLiteral("show the version and exit")};
+};
+
+// The parser that reads the command line and writes the help, from the same options.
+struct Parser {
+    Parser() {
+        parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+        parser.setApplicationDescription(QStringLiteral(
+            "Describe one DMX fixture and write its fixture definition file (.R20).\n"
+            "\n"
+            "With FILE, the wizard opens with the pages filled from a fixture file (.R20) or\n"
+            "from a QLC+ fixture definition (.qxf)."));
+        parser.addOptions({o.mode, o.convert, o.to, o.force, o.check, o.help, o.version});
+    }
+    const Options o;
+    QCommandLineParser parser;
 };
 
 CommandLine Only(CommandLine::Action action, const QString& error = {}) {
@@ -31,10 +64,9 @@ CommandLine Mistake(const QString& error) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     using Action = CommandLine::Action;
-    const Options o;
-    QCommandLineParser parser;
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addOptions({o.help, o.version, o.mode, o.convert, o.to, o.force, o.check});
+    Parser p;
+    const Options& o = p.o;
+    QCommandLineParser& parser = p.parser;
     if (!parser.parse(QStringList(QStringLiteral("rigwright")) + arguments))
         return Mistake(parser.errorText());
     if (parser.isSet(o.help)) return Only(Action::kHelp);
@@ -68,32 +100,22 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
 }
 
 QString UsageText() {
+    // Qt's first line names the program as it was started, or not at all before the
+    // application exists: the three ways to call it stand in its place.
+    const QString qtHelp = Parser().parser.helpText().section(u'\n', 1);
     return QStringLiteral(
-        "Usage: rigwright [FILE.R20 | FILE.qxf [--mode NAME|NUMBER]]\n"
-        "       rigwright --convert --to DIR [--mode NAME|NUMBER] [--force] FILE.qxf...\n"
-        "       rigwright --check FILE...\n"
-        "Describe one DMX fixture and write its fixture definition file (.R20).\n"
-        "\n"
-        "With FILE, the wizard opens with the pages filled from a fixture file (.R20) or\n"
-        "from a QLC+ fixture definition (.qxf); of a fixture with several modes, --mode\n"
-        "picks one by its name or its number from 1, else the wizard asks.\n"
-        "\n"
-        "  --convert     write, for every mode of every QLC+ fixture given (or only the\n"
-        "                mode --mode names), the fixture file the wizard writes, into DIR\n"
-        "                as MANUFACTURER-MODEL-MODE.R20; prints each written path\n"
-        "  --to DIR      where --convert writes; made when missing\n"
-        "  --force       --convert replaces files that exist (else they are skipped)\n"
-        "  --check       print \"FILE: ok\" or the advice the wizard gives before saving,\n"
-        "                for fixture files and, mode by mode, for QLC+ fixtures\n"
-        "  -h, --help    show this help and exit\n"
-        "  -v, --version show the version and exit\n"
-        "\n"
-        "--convert and --check need no display. Exit status: 0 all went well, 1 a file\n"
-        "was refused, skipped or has advice, 2 a mistake on the command line.\n"
-        "\n"
-        "Examples:\n"
-        "  rigwright --convert --to ~/fixtures /usr/share/qlcplus/fixtures/Martin/*.qxf\n"
-        "  rigwright --check ~/fixtures/*.R20\n");
+               "Usage: rigwright [FILE.R20 | FILE.qxf [--mode NAME|NUMBER]]\n"
+               "       rigwright --convert --to DIR [--mode NAME|NUMBER] [--force] FILE.qxf...\n"
+               "       rigwright --check FILE...\n") +
+           qtHelp +
+           QStringLiteral(
+               "\n"
+               "--convert and --check need no display. Exit status: 0 all went well, 1 a file\n"
+               "was refused, skipped or has advice, 2 a mistake on the command line.\n"
+               "\n"
+               "Examples:\n"
+               "  rigwright --convert --to ~/fixtures /usr/share/qlcplus/fixtures/Martin/*.qxf\n"
+               "  rigwright --check ~/fixtures/*.R20\n");
 }
 
 QString VersionText() {

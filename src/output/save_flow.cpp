@@ -66,9 +66,9 @@ void finished_Click(MainForm& f) {
     if (const std::optional<QString> reason = SaveFixtureFile(ReadForm(f), path, gui::Now())) {
         gui::MsgBox(
             QStringLiteral("File ") + path + QStringLiteral(" could not be written: ") + *reason,
-            gui::kCritical, caption);
+            {.icon = gui::MsgIcon::Critical}, caption);
         return;
     }
     gui::MsgBox(QStringLiteral("File ") + path + QStringLiteral(" has been created!"),
-                gui::kInformation, caption);
+                {.icon = gui::MsgIcon::Information}, caption);
 }

@@ -34,7 +34,8 @@ const QString kHelp = QStringLiteral(
 }  // namespace
 
 void ShowHelp(MainForm& f) {
-    gui::MsgBox(kHelp.arg(input::VersionText().trimmed()), gui::kInformation, f.main.Caption());
+    gui::MsgBox(kHelp.arg(input::VersionText().trimmed()), {.icon = gui::MsgIcon::Information},
+                f.main.Caption());
 }
 
 void Form_Load(MainForm& f) {
@@ -105,9 +106,12 @@ void cancel_Click(MainForm& f) {
 
 void Form_QueryUnload(MainForm& f, int& Cancel, int& /*UnloadMode*/) {
     const QString caption = f.main.Caption();
-    const int answer =
-        gui::MsgBox(kQuitQuestion, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2, caption);
-    if (answer == gui::kAnswerYes) {
+    const gui::MsgButton answer = gui::MsgBox(kQuitQuestion,
+                                              {.buttons = gui::MsgButton::Yes | gui::MsgButton::No,
+                                               .icon = gui::MsgIcon::Warning,
+                                               .defaultButton = gui::MsgButton::No},
+                                              caption);
+    if (answer == gui::MsgButton::Yes) {
         gui::EndProgram();
         return;
     }

@@ -61,7 +61,7 @@ bool PagesHoldData(const MainForm& f) {
 
 void Refuse(MainForm& f, const QString& path, const QString& reason) {
     gui::MsgBox(QStringLiteral("File ") + path + QStringLiteral(" could not be read: ") + reason,
-                gui::kCritical, f.main.Caption());
+                {.icon = gui::MsgIcon::Critical}, f.main.Caption());
 }
 
 // The mode of a QLC+ fixture that fills the pages: the one `choice` names, the only one, or
@@ -128,10 +128,13 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
     // elsewhere on the grid stores it, so that the question sees it and a No keeps it.
     if (f.editframe.Visible()) table_Click(f);
     if (PagesHoldData(f)) {
-        const int answer = gui::MsgBox(
+        const gui::MsgButton answer = gui::MsgBox(
             QStringLiteral("Replace what the pages hold with the fixture of %1?").arg(path),
-            gui::kYesNo | gui::kExclamation | gui::kDefaultButton2, f.main.Caption());
-        if (answer != gui::kAnswerYes) return false;
+            {.buttons = gui::MsgButton::Yes | gui::MsgButton::No,
+             .icon = gui::MsgIcon::Warning,
+             .defaultButton = gui::MsgButton::No},
+            f.main.Caption());
+        if (answer != gui::MsgButton::Yes) return false;
     }
     ShowOpenedFixture(f, std::move(*file));
     // The first save proposes the file that was opened; a QLC+ fixture is no file to replace.

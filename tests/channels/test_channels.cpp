@@ -8,8 +8,8 @@
 #include "channels/edit_classes.h"
 #include "channels/presets.h"
 #include "common/channel_grid.h"
-#include "gui/testing.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 
 using namespace gui::testing;
 
@@ -217,7 +217,7 @@ class TestChannels : public FormFixture {
     // A click on a cell, a head or a mark moves the current cell; a double click opens the editor.
     void clickCommits_data() {
         QTest::addColumn<QString>("where");
-        for (const char* where : {"cell", "head", "corner", "mark", "empty area",
+        for (const char* where : {"cell", "head", "corner", "mark", "below the marks", "empty area",
                                   "double click on a cell", "double click on the empty area"})
             QTest::newRow(where) << where;
     }
@@ -233,6 +233,7 @@ class TestChannels : public FormFixture {
         if (where == u"head") ClickHead(f.table, kComment);
         if (where == u"corner") ClickHead(f.table, 0);
         if (where == u"mark") ClickMark(f.table, 1);
+        if (where == u"below the marks") ClickBelowMarks(f.table);
         if (where == u"empty area") ClickEmptyArea(f.table);
         if (where == u"double click on a cell") openCell(1, kComment);
         if (where == u"double click on the empty area") ClickEmptyArea(f.table, 2);

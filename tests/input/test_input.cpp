@@ -8,9 +8,9 @@
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "input/fixture_reader.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/start.h"
 
 namespace {
@@ -99,14 +99,14 @@ class TestInput : public FormFixture {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("fixture.R20"));
         if (!bytes.isEmpty()) QVERIFY(WriteBytes(path, bytes));
-        if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         const auto f = Started(path);
 
         QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(!message.isEmpty()));
         if (!message.isEmpty()) {
             const gui::seams::MsgBoxCall& call = gui::seams::MsgBoxCalls().front();
             QCOMPARE(call.text, "File " + path + " could not be read: " + message);
-            QCOMPARE(call.style, int(gui::kCritical));
+            QCOMPARE(call.style, gui::MsgStyle{.icon = gui::MsgIcon::Critical});
             QCOMPARE(call.title, QStringLiteral("Tolvane - Rigwright"));
         }
         QCOMPARE(Shown(*f), shown.isEmpty() ? Shown(*Started()) : shown);

@@ -19,7 +19,6 @@
 #include "gui/dialogs.h"
 #include "gui/seams.h"
 #include "gui/system.h"
-#include "gui/testing.h"
 #include "input/command_line.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
@@ -27,6 +26,7 @@
 #include "output/form_fixture.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/engine.h"
 #include "wizard/library_commands.h"
 #include "wizard/open_fixture.h"
@@ -277,7 +277,8 @@ class TestQxf : public FormFixture {
             PressKey(Qt::Key_Tab);  // the button stands last in the page's tab order
             QCOMPARE(FocusName(), QStringLiteral("openfixture"));
             gui::seams::QueueOpenAnswer(path);
-            gui::seams::QueueMsgBoxAnswer(gui::kAnswerYes);  // the kind chosen is something typed
+            gui::seams::QueueMsgBoxAnswer(
+                gui::MsgButton::Yes);  // the kind chosen is something typed
             PressKey(Qt::Key_Space);
         } else if (way == u"Ctrl+O on the grid") {
             ClickCell(f.table, 1, 3);
@@ -304,7 +305,7 @@ class TestQxf : public FormFixture {
             QCOMPARE(call.selectedFilter, start.isEmpty() ? QString() : call.filters.last());
         }
         // A file dropped on a text box is opened, not pasted into the box.
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         DropFile(f.manifacturer, dir.filePath("none.qxf"));
         QVERIFY(gui::seams::MsgBoxCalls().back().text.endsWith(
             "none.qxf could not be read: No such file or directory"));
@@ -351,15 +352,17 @@ class TestQxf : public FormFixture {
         goToPage(2);
         gui::testing::ClickCell(f.table, 1, 7);
         gui::testing::TypeKeys("xBeam");
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::No);
         QVERIFY(!OpenFixtureFile(f, path));
         QCOMPARE(f.table.TextMatrix(1, 7), QStringLiteral("Beam"));
         f.model.setText(QStringLiteral("typed"));
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::No);
         QVERIFY(!OpenFixtureFile(f, path));
         QCOMPARE(f.model.Text(), QStringLiteral("typed"));
         const gui::seams::MsgBoxCall question = gui::seams::MsgBoxCalls().back();
-        QCOMPARE(question.style, gui::kYesNo | gui::kExclamation | gui::kDefaultButton2);
+        QCOMPARE(question.style, (gui::MsgStyle{.buttons = gui::MsgButton::Yes | gui::MsgButton::No,
+                                                .icon = gui::MsgIcon::Warning,
+                                                .defaultButton = gui::MsgButton::No}));
         QVERIFY(question.text.contains(path));
         // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once. A QLC+
         // fixture that is no XML at all is refused as XML, not as the other kind of file.
@@ -374,7 +377,7 @@ class TestQxf : public FormFixture {
               {fifo, "it is no regular file"},
               {huge, "it is too large"},
               {dir.filePath("junk.qxf"), "line 1: Start tag expected."}}) {
-            gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+            gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
             QVERIFY(!OpenFixtureFile(f, bad));
             QVERIFY2(gui::seams::MsgBoxCalls().back().text.startsWith(
                          "File " + bad + " could not be read: " + reason),

@@ -10,12 +10,12 @@
 #include "common/code_page.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "output/channel_line.h"
 #include "output/comment_lines.h"
 #include "output/form_fixture.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/fixture_pages.h"
 
 #ifdef Q_OS_UNIX
@@ -38,13 +38,13 @@ QStringList EntriesOf(const QString& folder) {
 
 // The one message of the save: its words, style and title. A failure ends with the reason,
 // which the system words.
-void CheckTold(const QString& text, int style) {
+void CheckTold(const QString& text, gui::MsgIcon icon) {
     QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(1));
     const gui::seams::MsgBoxCall& told = gui::seams::MsgBoxCalls().front();
-    QVERIFY2(
-        told.text.startsWith(text) && (told.text.size() > text.size()) == (style == gui::kCritical),
-        qPrintable(told.text));
-    QCOMPARE(told.style, style);
+    QVERIFY2(told.text.startsWith(text) &&
+                 (told.text.size() > text.size()) == (icon == gui::MsgIcon::Critical),
+             qPrintable(told.text));
+    QCOMPARE(told.style, gui::MsgStyle{.icon = icon});
     QCOMPARE(told.title, kCaption);
 }
 
@@ -123,14 +123,14 @@ class TestOutput : public FormFixture {
         const QString path = dir.filePath(QStringLiteral("BEAM575.R20"));
         QVERIFY(WriteBytes(path, QByteArray(5000, 'x')));  // replaced whole by the save
         gui::seams::QueueSaveAnswer(path);
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         finished_Click(f);
         // Line by line, so that a difference names its line.
         QCOMPARE(ReadBytes(path).split('\n'),
                  ReadBytes(dataPath("output_" + QString(QTest::currentDataTag()) + ".R20"))
                      .replace("@PATH@", ToFileBytes(path))
                      .split('\n'));
-        CheckTold("File " + path + " has been created!", gui::kInformation);
+        CheckTold("File " + path + " has been created!", gui::MsgIcon::Information);
         // Saving changes nothing in the wizard and leaves nothing else in the folder.
         QCOMPARE(f.table.Rows(), count);
         QCOMPARE(EntriesOf(dir.path()), QStringList{"BEAM575.R20"});
@@ -253,11 +253,11 @@ class TestOutput : public FormFixture {
         }
 
         gui::seams::QueueSaveAnswer(path);
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         finished_Click(form());
         giveBack();
 
-        CheckTold("File " + path + " could not be written: ", gui::kCritical);
+        CheckTold("File " + path + " could not be written: ", gui::MsgIcon::Critical);
         QCOMPARE(EntriesOf(folder), before);  // no temporary file left behind
         if (!oldFile.isEmpty()) QCOMPARE(ReadBytes(old), kOldBytes);
 #endif

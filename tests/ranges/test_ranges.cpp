@@ -5,11 +5,11 @@
 #include <QSet>
 #include <QTest>
 
-#include "gui/testing.h"
 #include "ranges/range_operations.h"
 #include "ranges/range_picture.h"
 #include "ranges/range_table.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/main_form.h"
 
 using namespace gui::testing;

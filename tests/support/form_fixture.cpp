@@ -6,7 +6,7 @@
 #include <QTest>
 
 #include "gui/seams.h"
-#include "gui/testing.h"
+#include "support/testing.h"
 #include "wizard/engine.h"
 #include "wizard/start.h"
 

@@ -7,9 +7,9 @@
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/open_fixture.h"
 
 using namespace gui::testing;
@@ -45,7 +45,7 @@ class TestDesktop : public FormFixture {
         QFETCH(int, pageAfter);
         goToPage(page);
         if (saveCalls) gui::seams::QueueSaveAnswer(std::nullopt);
-        if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        if (!message.isEmpty()) gui::seams::QueueMsgBoxAnswer(gui::MsgButton::No);
         PressKey(Qt::Key(key), Qt::KeyboardModifiers(modifiers));
         QCOMPARE(int(gui::seams::SaveDialogCalls().size()), saveCalls);
         QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(message.isEmpty() ? 0 : 1));
@@ -118,7 +118,7 @@ class TestDesktop : public FormFixture {
         OpenFixtureFile(form(), opened);
         QTemporaryDir dir;
         gui::seams::QueueSaveAnswer(dir.filePath(QStringLiteral("A.R20")));
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         gui::seams::QueueSaveAnswer(std::nullopt);
         goToPage(3);
         Click(form().finished);

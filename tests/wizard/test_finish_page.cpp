@@ -10,8 +10,8 @@
 #include "channels/presets.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/advice.h"
 
 using gui::testing::Click;
@@ -190,7 +190,7 @@ class TestFinishPage : public FormFixture {
                        : QTest::keyClick(QGuiApplication::focusWindow(), c.toLatin1());
         QTemporaryDir dir;
         gui::seams::QueueSaveAnswer(dir.filePath(QStringLiteral("T.R20")));
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerOk);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         Click(form().finished);
         const QByteArray file = ReadBytes(dir.filePath(QStringLiteral("T.R20")));
         if (comment)  // nothing else in the comment

@@ -4,8 +4,8 @@
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
-#include "gui/testing.h"
 #include "support/form_fixture.h"
+#include "support/testing.h"
 #include "wizard/engine.h"
 
 using namespace gui::testing;
@@ -80,19 +80,21 @@ class TestForm : public FormFixture {
         Click(form().manifacturer);
         TypeKeys(QStringLiteral("Lumenfab"));
         goToPage(2);
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::No);
         Click(form().cancel);
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerNo);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::No);
         CloseBox(form().main);
         QCOMPARE(gui::seams::MsgBoxCalls().size(), size_t(2));
         const auto& call = gui::seams::MsgBoxCalls().back();
         QCOMPARE(call.text, "Are you sure you want to quit? Any data collected will be lost!");
         QCOMPARE(call.title, "Tolvane - Rigwright");
-        QCOMPARE(call.style, 308);
+        QCOMPARE(call.style, (gui::MsgStyle{.buttons = gui::MsgButton::Yes | gui::MsgButton::No,
+                                            .icon = gui::MsgIcon::Warning,
+                                            .defaultButton = gui::MsgButton::No}));
         QVERIFY(!gui::seams::EndRequested());
         QVERIFY(ShownOnScreen(form().main));
         QCOMPARE(form().manifacturer.Text(), "Lumenfab");
-        gui::seams::QueueMsgBoxAnswer(gui::kAnswerYes);
+        gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Yes);
         CloseBox(form().main);
         QVERIFY(gui::seams::EndRequested());
     }

@@ -9,7 +9,6 @@
 #include <QString>
 #include <QStringList>
 #include <Qt>
-#include <functional>
 
 #include "gui/control.h"
 #include "gui/grid.h"
@@ -28,6 +27,7 @@ void ClickEmptyArea(Grid& grid, int clicks = 1);             // below the last r
 void ClickHead(Grid& grid, int col, int clicks = 1);  // a column's head; column 0's is the corner
 void ClickMark(Grid& grid, int row,                   // the mark of a row, in the fixed column
                Qt::KeyboardModifiers modifiers = {}, int clicks = 1);
+void ClickBelowMarks(Grid& grid);  // the fixed column, below the last row's mark
 QAbstractItemModel* ModelOf(Grid& grid);
 // The grid's body rows, each as its cells from the mark on, joined by `between`.
 QStringList RowsOf(const Grid& grid, QChar between);
@@ -64,31 +64,6 @@ bool HiddenOf(QObject* control);      // its own visible state is off
 // pixel; a null image for a control without one.
 QImage PictureOf(QObject* control, qreal pixelRatio);
 QList<QSize> IconSizesOf(Form& form);  // the sizes the window offers its icon in
-
-// The floor that the form's start is measured against: a plain Qt window holding the same
-// kinds of Qt widgets as the form's controls, as many of each, with Qt's defaults and
-// nothing of ours (no catalogue, fonts, colours, pictures or logic), shown.
-class BareWindow {
-  public:
-    // Plain Qt's application object comes first, without the program's name, picture and font.
-    BareWindow(int& argc, char** argv, const QStringList& kinds);
-    ~BareWindow();
-    BareWindow(const BareWindow&) = delete;
-    BareWindow& operator=(const BareWindow&) = delete;
-    void PaintNow();
-    void WaitUntilPainted(const std::function<void()>& painted = {});  // as the free function below
-
-  private:
-    QObject* app_;
-    QWidget* window_;
-};
-
-QStringList ControlKinds(Form& form);  // the Qt class of each named control on the form
-void PaintNow(Control& control);       // renders it in full at once
-// Runs the event loop until the window has painted itself for the first time: on a real
-// display, the moment a person first sees it. `painted` runs at that moment, before any
-// work that the paint itself set going.
-void WaitUntilPainted(Control& window, const std::function<void()>& painted = {});
 
 // Drags a local file over the middle of `onto` and lets it go there, as from a file manager.
 void DropFile(Control& onto, const QString& path);
