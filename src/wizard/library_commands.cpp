@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QSet>
 #include <QTemporaryFile>
+#include <functional>
 #ifdef Q_OS_WIN
 #include <io.h>
 #define isatty _isatty
@@ -55,18 +56,19 @@ bool CanMakeFilesIn(const QDir& folder) {
     return probe.open();
 }
 
-// Every fixture a file brings: the file itself when it is a written fixture file, each mode
-// of a QLC+ fixture (or the one `mode` names), or the reason it brings none.
-QList<Job> JobsOf(const QString& path, const QString& mode) {
+// Every fixture a file brings, handed to `take` one at a time: the file itself when it is a
+// written fixture file, each mode of a QLC+ fixture (or the one `mode` names), or the reason it
+// brings none. A mode is mapped only when its turn comes, so that a fixture of many thousand
+// modes never has them all in memory at once.
+void ForEachJob(const QString& path, const QString& mode, const std::function<void(Job&&)>& take) {
     input::FixtureSource source = input::ReadFixtureSource(path);
-    QList<Job> jobs;
     if (source.written) {
-        jobs.append({path, QFileInfo(path).completeBaseName(), std::move(source.written), {}});
-        return jobs;
+        take({path, QFileInfo(path).completeBaseName(), std::move(source.written), {}});
+        return;
     }
     if (!source.qxf) {
-        jobs.append({path, {}, std::nullopt, source.error});
-        return jobs;
+        take({path, {}, std::nullopt, source.error});
+        return;
     }
     const input::QxfFixture& fixture = *source.qxf;
     QList<int> modes;
@@ -75,19 +77,16 @@ QList<Job> JobsOf(const QString& path, const QString& mode) {
     } else if (const std::optional<int> found = input::FindQxfMode(fixture, mode)) {
         modes << *found;
     } else {
-        jobs.append(
-            {path, {}, std::nullopt, QStringLiteral("the fixture has no mode \"%1\"").arg(mode)});
-        return jobs;
+        take({path, {}, std::nullopt, QStringLiteral("the fixture has no mode \"%1\"").arg(mode)});
+        return;
     }
     for (const int i : modes) {
         input::ReadOutcome mapped = input::MapQxfMode(fixture, i);
         const QString stem = FileNamePart(fixture.manufacturer) + u'-' +
                              FileNamePart(fixture.model) + u'-' +
                              FileNamePart(fixture.modes[i].name);
-        jobs.append(
-            {ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
+        take({ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
     }
-    return jobs;
 }
 
 // The reports of one run, and whether anything went wrong.
@@ -155,10 +154,10 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
     Reports reports(streams, line.files.size());
     QSet<QString> written;  // names given in this run, in lower case: none is given twice
     for (const QString& path : line.files) {
-        for (Job& job : JobsOf(path, line.mode)) {
+        ForEachJob(path, line.mode, [&](Job&& job) {
             if (!job.fixture) {
                 reports.refuse(job.name + QStringLiteral(": ") + job.error);
-                continue;
+                return;
             }
             QString name = job.stem + QStringLiteral(".R20");
             for (int n = 2; written.contains(name.toLower()); ++n)
@@ -168,16 +167,16 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
             if (!line.force && QFileInfo::exists(file)) {
                 reports.refuse(job.name + QStringLiteral(": ") + file +
                                QStringLiteral(" exists; --force replaces it"));
-                continue;
+                return;
             }
             const common::Fixture finished = AtFinishPage(std::move(*job.fixture), gui::Now());
             if (const std::optional<QString> reason = SaveFixtureFile(finished, file, gui::Now())) {
                 reports.refuse(job.name + QStringLiteral(": ") + file +
                                QStringLiteral(" could not be written: ") + *reason);
-                continue;
+                return;
             }
             reports.say(file);
-        }
+        });
         reports.fileDone();
     }
     return reports.exitCode();
@@ -186,10 +185,10 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
 int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
     Reports reports(streams, line.files.size());
     for (const QString& path : line.files) {
-        for (Job& job : JobsOf(path, line.mode)) {
+        ForEachJob(path, line.mode, [&](Job&& job) {
             if (!job.fixture) {
                 reports.refuse(job.name + QStringLiteral(": ") + job.error);
-                continue;
+                return;
             }
             // The advice looks at no comment: only the degrees change on the way there.
             ApplyTypeDegrees(*job.fixture);
@@ -197,7 +196,7 @@ int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams)
             if (!advice.isEmpty()) reports.markFailed();
             reports.say(job.name + QStringLiteral(": ") +
                         (advice.isEmpty() ? QStringLiteral("ok") : advice));
-        }
+        });
         reports.fileDone();
     }
     return reports.exitCode();
