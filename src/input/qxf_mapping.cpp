@@ -186,13 +186,6 @@ const QList<Slot>& SlotOrder() {
     return kOrder;
 }
 
-// Text as one line of a box: line breaks and other control characters become blanks.
-QString OneLine(QString text) {
-    for (QChar& c : text)
-        if (c.unicode() < 0x20) c = u' ';
-    return text;
-}
-
 // At most `length` UTF-16 units, never half a surrogate pair.
 QString Cut(const QString& text, qsizetype length) {
     QString cut = text.left(length);
@@ -451,6 +444,12 @@ std::optional<int> FindQxfMode(const QxfFixture& fixture, const QString& choice)
     const int n = choice.toInt(&number);
     if (number && n >= 1 && n <= fixture.modes.size()) return n - 1;
     return std::nullopt;
+}
+
+QString OneLine(QString text) {
+    for (QChar& c : text)
+        if (c.unicode() < 0x20) c = u' ';
+    return text;
 }
 
 QString QxfNameOnDesk(const QxfFixture& fixture, int mode) {

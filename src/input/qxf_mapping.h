@@ -18,6 +18,9 @@ ReadOutcome MapQxfMode(const QxfFixture& fixture, int mode);
 // The mode that `choice` names: its exact name first, else its number counted from 1.
 std::optional<int> FindQxfMode(const QxfFixture& fixture, const QString& choice);
 
+// A name as one line: line breaks, tabs and the other control characters become blanks.
+QString OneLine(QString text);
+
 // The name on the desk for a mode: the model's letters and digits, and when the fixture has
 // more than one mode, "-" and the mode's channel count (and a letter for modes of one count).
 QString QxfNameOnDesk(const QxfFixture& fixture, int mode);

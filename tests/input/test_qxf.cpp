@@ -312,34 +312,48 @@ class TestQxf : public FormFixture {
         QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
     }
     // Keys alone: the list of modes comes up named and titled, the first line selected; Escape
-    // leaves the pages as they were, Down and Enter pick the second mode.
+    // leaves the pages as they were, Down and Enter pick the second mode. A mode with no channel
+    // says so on its line; picked, it says why it cannot fill the pages and the list comes back.
     void chooser() {
         using namespace gui::testing;
         QTemporaryDir dir;
         const QString path = dir.filePath("beam.qxf");
-        QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim"})));
+        QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim", ""})
+                                     .replace("  <Channel Number=\"0\"></Channel>\n", "")));
         MainForm& f = form();
         QString title, name, lines;
-        for (const bool pick : {false, true}) {
+        const auto look = [&] {
+            title = CaptionOf(ActiveDialog());
+            QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
+                ActiveDialog()->findChild<QObject*>("choices"));
+            name = list->text(QAccessible::Name);
+            lines.clear();
+            for (int i = 0; i < list->childCount(); ++i)
+                lines += list->child(i)->text(QAccessible::Name) +
+                         (list->child(i)->state().selected ? "*" : "") + u';';
+        };
+        for (const int pick : {0, 1, 2}) {  // Escape, the second mode, the empty one
             QTimer::singleShot(0, [&] {
-                title = CaptionOf(ActiveDialog());
-                QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
-                    ActiveDialog()->findChild<QObject*>("choices"));
-                name = list->text(QAccessible::Name);
-                lines.clear();
-                for (int i = 0; i < list->childCount(); ++i)
-                    lines += list->child(i)->text(QAccessible::Name) +
-                             (list->child(i)->state().selected ? "*" : "") + u';';
-                if (pick) PressKey(Qt::Key_Down);
-                PressKey(pick ? Qt::Key_Return : Qt::Key_Escape);
+                look();
+                if (pick > 0) PressKey(pick == 1 ? Qt::Key_Down : Qt::Key_End);
+                PressKey(pick == 0 ? Qt::Key_Escape : Qt::Key_Return);
+                if (pick == 2) QTimer::singleShot(0, [&] { look(), PressKey(Qt::Key_Escape); });
             });
-            QCOMPARE(OpenFixtureFile(f, path), pick);
+            if (pick == 2) gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
+            QCOMPARE(OpenFixtureFile(f, path), pick == 1);
             QCOMPARE(title, QStringLiteral("Lumenfab Beam 575"));
             QCOMPARE(name, QStringLiteral("Modes"));
-            QCOMPARE(lines, QStringLiteral("Mode 1 (1 channel)*;Mode 2 (2 channels);"));
-            QCOMPARE(f.table.Rows(), pick ? 3 : 2);
+            QCOMPARE(lines,
+                     QString("Mode 1 (1 channel)%1;Mode 2 (2 channels);Mode 3 (no channels)%2;")
+                         .arg(pick == 2 ? "" : "*", pick == 2 ? "*" : ""));
+            QCOMPARE(f.table.Rows(), pick == 0 ? 2 : 3);
         }
         QCOMPARE(f.nameondesk.Text(), QStringLiteral("BEAM575-2"));
+        const gui::seams::MsgBoxCall why = gui::seams::MsgBoxCalls().back();
+        QCOMPARE(why.text,
+                 QStringLiteral("This mode cannot fill the pages: the mode \"Mode 3\" has "
+                                "no channel. Choose another one."));
+        QCOMPARE(why.style.icon, gui::MsgIcon::Warning);
     }
     // Pages that hold something typed are replaced only after a Yes; No is the default. A file
     // that cannot be read leaves them as they were and says why.
