@@ -215,7 +215,8 @@ class ModeMapper {
 
     ReadOutcome map() {
         if (mode_.channels.isEmpty())
-            return {std::nullopt, QStringLiteral("the mode \"%1\" has no channel").arg(mode_.name)};
+            return {std::nullopt,
+                    QStringLiteral("the mode \"%1\" has no channel").arg(OneLine(mode_.name))};
         if (mode_.channels.size() > common::kMaxChannelRows)
             return {std::nullopt,
                     QStringLiteral("the mode has more channels than the table holds")};
@@ -226,20 +227,20 @@ class ModeMapper {
                 return {std::nullopt,
                         QStringLiteral("the mode \"%1\" names the channel \"%2\", which the "
                                        "fixture does not define")
-                            .arg(mode_.name, name)};
+                            .arg(OneLine(mode_.name), OneLine(name))};
             }
             // The Number is the channel's offset from 0, gaps and all: dmx1 = Number + 1.
             const int offset = mode_.numbers.value(i, -1) + 1;
             if (offset < 1) {
                 return {std::nullopt,
                         QStringLiteral("the mode \"%1\" gives the channel \"%2\" no Number")
-                            .arg(mode_.name, name)};
+                            .arg(OneLine(mode_.name), OneLine(name))};
             }
             if (offset > common::kHighestOffset) {
                 return {std::nullopt,
                         QStringLiteral("the mode \"%1\" puts the channel \"%2\" at DMX offset "
                                        "%3, beyond the %4 offsets of the channel table")
-                            .arg(mode_.name, name)
+                            .arg(OneLine(mode_.name), OneLine(name))
                             .arg(offset)
                             .arg(common::kHighestOffset)};
             }

@@ -35,7 +35,7 @@ struct Job {
 };
 
 QString ModeName(const QString& path, const input::QxfMode& mode) {
-    return QStringLiteral("%1 (mode \"%2\")").arg(path, mode.name);
+    return QStringLiteral("%1 (mode \"%2\")").arg(path, input::OneLine(mode.name));
 }
 
 // Letters, digits, "." and "_" of a text, as a part of a file name.

@@ -456,8 +456,11 @@ class TestQxf : public FormFixture {
     void convertAndCheck() {
         QTemporaryDir dir;
         const QString qxf = dir.filePath("beam.qxf");
+        // Names with a line break and a tab: every report stays one line, with blanks for them.
         QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer|Dim 2@IntensityDimmer",
-                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim", "Pan|Dim=511"})));
+                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim", "Pan|Dim=511"})
+                                    .replace("\"Mode 2\"", "\"Mode&#10;2\"")
+                                    .replace("\"Mode 4\"", "\"Mode&#9;4\"")));
         QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "<?xml version='1.0'?><FixtureDefinition>"));
         const QString out = dir.filePath("lib");
         gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
