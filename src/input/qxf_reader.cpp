@@ -1,5 +1,6 @@
 #include "input/qxf_reader.h"
 
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 namespace input {
@@ -10,11 +11,15 @@ const QxfChannel* QxfFixture::channel(const QString& name) const {
 }
 
 bool LooksLikeXml(const QByteArray& bytes) {
-    QByteArrayView head(bytes);
-    if (head.startsWith("\xEF\xBB\xBF")) head = head.sliced(3);
-    head = head.trimmed();
-    return head.startsWith("<?xml") || head.startsWith("<!DOCTYPE") ||
-           head.startsWith("<FixtureDefinition");
+    // The start as text, in the encoding the XML reader will take: the one a byte-order mark
+    // names, UTF-16 or UTF-32 when "<" is spelled so, else UTF-8. A fixture file never
+    // starts with "<", every XML document does (its declaration, a comment or the root).
+    constexpr qsizetype kHead = 256;
+    const auto encoding =
+        QStringConverter::encodingForData(bytes, u'<').value_or(QStringConverter::Utf8);
+    const QString head = QStringDecoder(encoding)(QByteArrayView(bytes).first(
+        std::min(bytes.size(), kHead)));  // the byte-order mark is left out
+    return QStringView(head).trimmed().startsWith(u'<');
 }
 
 // One pass over the XML. Elements the import does not use (capabilities, the creator,

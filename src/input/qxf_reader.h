@@ -57,7 +57,8 @@ struct QxfOutcome {
     QString error;  // why the file was refused; "line 12: ..." for a fault in the XML
 };
 
-// True when the bytes are XML rather than the lines of a written fixture file.
+// True when the bytes are XML rather than the lines of a written fixture file, in whatever
+// encoding the XML reader takes.
 bool LooksLikeXml(const QByteArray& bytes);
 
 QxfOutcome ReadQxfBytes(const QByteArray& bytes);

@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -190,6 +191,35 @@ class TestQxf : public FormFixture {
         QFETCH(QString, mode);
         QFETCH(QString, error);
         QCOMPARE(MapError(bytes, mode), error);
+    }
+    // The kind of a file is told by its content, whatever its name; a QLC+ fixture in UTF-16
+    // with a byte-order mark is read as one in UTF-8 is.
+    void kindByContent_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("read");  // "qxf", "written" or why it was refused
+        const QByteArray qxf = Qxf("Dim@IntensityDimmer", {"Dim"});
+        const QString utf16 = QString::fromUtf8(qxf).replace("UTF-8", "UTF-16");
+        const auto bom = QStringConverter::Flag::WriteBom;
+        QTest::newRow("UTF-16 LE")
+            << "a.qxf" << QByteArray(QStringEncoder(QStringEncoder::Utf16LE, bom)(utf16)) << "qxf";
+        QTest::newRow("UTF-16 BE, named .R20")
+            << "a.R20" << QByteArray(QStringEncoder(QStringEncoder::Utf16BE, bom)(utf16)) << "qxf";
+        QTest::newRow("a comment first, named .R20")
+            << "a.R20"
+            << QByteArray(qxf).replace("<?xml version='1.0' encoding='UTF-8'?>", "<!---->")
+            << "qxf";
+        QTest::newRow("a written file, named .qxf")
+            << "a.qxf" << ReadBytes(dataPath("output_mixed.R20")) << "written";
+    }
+    void kindByContent() {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, read);
+        QTemporaryDir dir;
+        QVERIFY(WriteBytes(dir.filePath(name), bytes));
+        const input::FixtureSource source = input::ReadFixtureSource(dir.filePath(name));
+        QCOMPARE(source.qxf ? "qxf" : source.written ? "written" : source.error, read);
     }
     void namesOnDesk() {
         // Modes of 3, 4 and 3 channels; the model's letters and digits, cut to make room.
