@@ -4,6 +4,7 @@
 #include <array>
 
 #include "common/channel_presets.h"
+#include "common/code_page.h"
 #include "input/channel_lines.h"
 
 namespace input {
@@ -193,12 +194,22 @@ QString Cut(const QString& text, qsizetype length) {
     return cut;
 }
 
-// A channel name that can stand as the label of a line: it fits, and the line keeps it whole.
-bool FitsLabel(const QString& name) {
-    if (name.isEmpty() || name.size() > 12 || name != name.trimmed()) return false;
-    for (const QChar c : name)
-        if (c.unicode() < 0x20 || c == u'"') return false;
-    return true;
+// A channel name as the label of a line: the name without its outer blanks, when what remains
+// fits the label's characters in the code page and the line keeps it whole; else nothing.
+std::optional<QString> LabelOf(const QString& name) {
+    qsizetype start = 0, end = name.size();
+    while (start < end && name[start] == u' ') ++start;
+    while (end > start && name[end - 1] == u' ') --end;
+    const QString label = name.sliced(start, end - start);
+    qsizetype characters = 0;
+    for (const QChar c : label) {
+        if (c.unicode() < 0x20 || c == u'"') return std::nullopt;
+        characters += !c.isLowSurrogate();
+    }
+    if (label.isEmpty() || characters > common::kLabelLength ||
+        FromFileBytes(ToFileBytes(label)) != label)
+        return std::nullopt;
+    return label;
 }
 
 QString LettersAndDigits(const QString& text) {
@@ -373,14 +384,17 @@ class ModeMapper {
                 CellsOf(c.kind->presets[std::min(row.occurrence, presets - 1)]);
             channelType = cells.channelType;
             tail = cells.tail;
-            if (!firstOfKind(row) && FitsLabel(c.source->name)) tail[3] = c.source->name;
+            const std::optional<QString> own =
+                firstOfKind(row) ? std::nullopt : LabelOf(c.source->name);
+            if (own) tail[3] = *own;
             if (c.kind == &kDimmer && !row.htp)
                 channelType = QString::fromLatin1(common::kFadeableType);
         } else {
             QString label =
                 row.dimmerFine ? QStringLiteral("Dimmer fine") : QString::fromLatin1(c.kind->name);
-            if (row.occurrence > 0 && c.kind != &kNothing && FitsLabel(c.source->name))
-                label = c.source->name;
+            const std::optional<QString> own =
+                row.occurrence > 0 && c.kind != &kNothing ? LabelOf(c.source->name) : std::nullopt;
+            if (own) label = *own;
             if (c.kind == &kNothing) channelType = QString::fromLatin1(common::kIndexedType);
             tail = {QStringLiteral("0>"),
                     {},
