@@ -275,7 +275,9 @@ class ModeMapper {
             file.channels.appendRow();
             for (int col = 0; col < texts.size(); ++col) file.channels.setCell(at, col, texts[col]);
         }
-        file.patchText = OneLine(mode_.name) + QString::fromLatin1(common::kDefaultPatchText);
+        // The mode's name as long as the patch text box takes it.
+        const QLatin1String rest(common::kDefaultPatchText);
+        file.patchText = OneLine(Cut(mode_.name, common::kMaxPatchTextLength - rest.size())) + rest;
         return {std::move(file), QString()};
     }
 

@@ -138,6 +138,13 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
         Refuse(f, path, source.error);
         return false;
     }
+    if (file->patchText.size() > common::kMaxPatchTextLength) {
+        Refuse(f, path,
+               QStringLiteral("its patch text holds %1 characters, more than the box takes (%2)")
+                   .arg(file->patchText.size())
+                   .arg(common::kMaxPatchTextLength));
+        return false;
+    }
     // A value still in the cell editor is something typed too: stored first, as a click
     // elsewhere on the grid stores it, so that the question sees it and a No keeps it.
     if (f.editframe.Visible()) table_Click(f);
