@@ -1,7 +1,9 @@
 #include "input/qxf_mapping.h"
 
 #include <QSet>
+#include <algorithm>
 #include <array>
+#include <map>
 
 #include "common/channel_presets.h"
 #include "common/code_page.h"
@@ -219,6 +221,49 @@ QString LettersAndDigits(const QString& text) {
     return kept;
 }
 
+// The coarse channels of one kind and head, in mode order, each paired at most once. A paired
+// one links to its neighbour, and every walk over such links shortens them, so that a mode of
+// thousands of fine channels pairs them in one pass.
+class CoarseChannels {
+  public:
+    void add(int place) {
+        const int at = static_cast<int>(places_.size());
+        places_.append(place);
+        before_.append(at);
+        after_.append(at);
+    }
+
+    // The nearest unpaired one before `place`, else the nearest after it, now paired; -1 for
+    // none.
+    int pairNearest(int place) {
+        const int end = static_cast<int>(places_.size());
+        if (after_.size() == end) after_.append(end);  // "none after"
+        const int at = static_cast<int>(std::lower_bound(places_.cbegin(), places_.cend(), place) -
+                                        places_.cbegin());
+        int found = at > 0 ? Walk(before_, at - 1) : -1;
+        if (found < 0) found = Walk(after_, at);
+        if (found == end) return -1;
+        before_[found] = found - 1;
+        after_[found] = found + 1;
+        return places_[found];
+    }
+
+  private:
+    // From `from` to the first that links to itself, or to -1 for none.
+    static int Walk(QList<int>& links, int from) {
+        while (from >= 0 && links[from] != from) {
+            const int next = links[from];
+            if (next >= 0) links[from] = links[next];
+            from = next;
+        }
+        return from;
+    }
+
+    QList<int> places_;
+    QList<int> before_;  // itself while unpaired, then the one before it (-1 for none)
+    QList<int> after_;   // itself while unpaired, then the one after it; last: "none after"
+};
+
 class ModeMapper {
   public:
     ModeMapper(const QxfFixture& fixture, int mode)
@@ -298,18 +343,13 @@ class ModeMapper {
         const int count = static_cast<int>(channels_.size());
         QList<int> partner(count, -1);  // for a coarse channel, its fine one
         QList<int> folded(count, -1);   // for a fine channel, the coarse one it joined
-        auto fits = [&](int fine, int coarse) {
-            const ModeChannel& a = channels_[fine];
-            const ModeChannel& b = channels_[coarse];
-            return !b.fine && partner[coarse] < 0 && a.kind == b.kind && a.head == b.head;
-        };
+        std::map<std::pair<const Kind*, int>, CoarseChannels> coarse;  // by kind and head
+        for (int i = 0; i < count; ++i)
+            if (!channels_[i].fine) coarse[{channels_[i].kind, channels_[i].head}].add(i);
         for (int i = 0; i < count; ++i) {
             if (!channels_[i].fine) continue;
-            int found = -1;
-            for (int j = i - 1; j >= 0 && found < 0; --j)
-                if (fits(i, j)) found = j;
-            for (int j = i + 1; j < count && found < 0; ++j)
-                if (fits(i, j)) found = j;
+            const auto group = coarse.find({channels_[i].kind, channels_[i].head});
+            const int found = group == coarse.end() ? -1 : group->second.pairNearest(i);
             if (found < 0) continue;
             partner[found] = i;
             // The HTP dimmer stays 8-bit: its low byte is written as a row of its own.
