@@ -96,9 +96,11 @@ std::optional<common::Fixture> PickMode(MainForm& f, const QString& path,
     QStringList lines;
     lines.reserve(fixture.modes.size());
     for (const input::QxfMode& mode : fixture.modes) lines << ModeLine(mode);
+    // Titled with the names as the pages show them.
+    const QString title = input::OneLine(fixture.manufacturer.left(common::kNameLength) + u' ' +
+                                         fixture.model.left(common::kNameLength));
     for (int picked = 0;;) {
-        picked = gui::ChooseFromList(fixture.manufacturer + u' ' + fixture.model,
-                                     QStringLiteral("Modes"), lines, picked);
+        picked = gui::ChooseFromList(title, QStringLiteral("Modes"), lines, picked);
         if (picked < 0) return std::nullopt;
         input::ReadOutcome read = input::MapQxfMode(fixture, picked);
         if (read.fixture) return std::move(read.fixture);
