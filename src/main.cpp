@@ -2,6 +2,7 @@
 #include <QCoreApplication>
 #include <cstdio>
 
+#include "common/system_names.h"
 #include "gui/application.h"
 #include "input/command_line.h"
 #include "wizard/library_commands.h"
@@ -11,7 +12,7 @@
 namespace {
 
 void Print(std::FILE* stream, const QString& text) {
-    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fputs(common::ToSystemBytes(text).constData(), stream);
 }
 
 // Standard error of the libraries' commands holds their refusals, line by line; Qt's own
@@ -25,7 +26,7 @@ void KeepErrorsOnly(QtMsgType type, const QMessageLogContext&, const QString& te
 int main(int argc, char** argv) {
     // Help and version answer before the application exists, so they need no display.
     QStringList arguments;
-    for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+    for (int i = 1; i < argc; ++i) arguments.append(common::FromSystemBytes(argv[i]));
     const input::CommandLine line = input::ParseCommandLine(arguments);
     using Action = input::CommandLine::Action;
     switch (line.action) {

@@ -22,10 +22,15 @@ void delete_Click(MainForm& f) {
     table_Click(f);
     // One channel row always stands.
     if (f.table.Rows() > 2) f.table.RemoveItem(f.table.Row());
+    // The focus stays on the button, so a screen reader hears nothing of the grid by itself.
+    const int channels = NextFreeDmx(f) - 1;
+    f.main.Announce(QStringLiteral("%1 channel%2").arg(channels).arg(channels == 1 ? "" : "s"));
 }
 
 void adddef_Click(MainForm& f) {
     f.defaultsframe.setVisible(true);
+    // The focus stays on "add default": the panel that came is said.
+    f.main.Announce(f.defaultsframe.Caption());
 }
 
 double channels::NextOffset(const MainForm& f) {

@@ -1,5 +1,6 @@
 #include "gui/accessibility.h"
 
+#include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QGroupBox>
@@ -7,6 +8,7 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QTimer>
+#include <utility>
 
 #include "gui/text_reader.h"
 
@@ -116,6 +118,29 @@ class OptionReader : public QAccessibleWidget {
     QRadioButton* option() const { return static_cast<QRadioButton*>(widget()); }
 };
 
+// Qt tells of the list's focus after the list has taken it, so the line is told as the turn
+// ends, to come after that.
+class CurrentLineOnFocus : public QObject {
+  public:
+    explicit CurrentLineOnFocus(QAbstractItemView* list) : QObject(list), list_(list) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::FocusIn || std::exchange(pending_, true)) return false;
+        QTimer::singleShot(0, this, [this] {
+            pending_ = false;
+            const QModelIndex current = list_->currentIndex();
+            if (!list_->hasFocus() || !current.isValid()) return;
+            QAccessibleEvent focus(list_, QAccessible::Focus);
+            focus.setChild(current.row());
+            QAccessible::updateAccessibility(&focus);
+        });
+        return false;
+    }
+
+  private:
+    QAbstractItemView* list_;
+    bool pending_ = false;  // told as this turn ends
+};
+
 // A widget of no size that stands for what is announced.
 class Announcer : public QWidget {
   public:
@@ -207,6 +232,9 @@ void SpeakAsOption(QWidget* option) {
 }
 void SpeakAsTextInput(QWidget* input) {
     SpeakAs(input, "text");
+}
+void SpeakCurrentLineOnFocus(QAbstractItemView* list) {
+    list->installEventFilter(new CurrentLineOnFocus(list));
 }
 void SpeakAsWindow(QWidget* window) {
     SpeakAs(window, "window");

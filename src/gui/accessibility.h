@@ -6,6 +6,7 @@
 #include <QString>
 #include <functional>
 
+class QAbstractItemView;
 class QWidget;
 
 namespace gui::detail {
@@ -32,6 +33,10 @@ void SpeakAsOption(QWidget* option);
 // A line edit or text edit reads its text a character, word, sentence or line at a time, each
 // question answered at once: Qt 6.4's own reading of a line edit never answers some of them.
 void SpeakAsTextInput(QWidget* input);
+
+// A list says which of its lines is current each time it takes the focus. Qt says only that
+// the list has the focus, of which a screen reader reads the list's name and not the line.
+void SpeakCurrentLineOnFocus(QAbstractItemView* list);
 
 // The window is read as a frame, the kind of object a screen reader takes for a window.
 void SpeakAsWindow(QWidget* window);

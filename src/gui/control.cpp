@@ -215,17 +215,19 @@ void Frame::create(Control& parent, const QString& name, const Look& look) {
 QString Frame::Caption() const {
     return static_cast<QGroupBox*>(widget_)->title();
 }
-void Frame::setCaption(const QString& caption) {
+void Frame::setCaption(const QString& caption, const QString& place) {
     static_cast<QGroupBox*>(widget_)->setTitle(caption);
     widget_->setAccessibleName(QString());  // from now on named by its title
     // An input with no label of its own is named by the frame's title. Qt would read the
     // title with its padding, and never tell a screen reader that the name changed with it.
+    QString name = caption.trimmed();
+    if (!place.isEmpty()) name += QStringLiteral(", ") + place;
     QList<QWidget*> labelled;
     for (QLabel* label : widget_->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly))
         labelled << label->buddy();
     for (QWidget* w : widget_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         const bool input = qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w);
-        if (input && !labelled.contains(w)) w->setAccessibleName(caption.trimmed());
+        if (input && !labelled.contains(w)) w->setAccessibleName(name);
     }
 }
 

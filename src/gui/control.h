@@ -81,7 +81,9 @@ class Frame : public Control {
   public:
     void create(Control& parent, const QString& name, const Look& look);
     QString Caption() const;
-    void setCaption(const QString& caption);
+    // An input inside with no label of its own is named by the caption, and by `place` after
+    // it when one is given: "to, row 1".
+    void setCaption(const QString& caption, const QString& place = {});
     QString Tag() const { return tag_; }
     void setTag(const QString& tag) { tag_ = tag; }
     // Hiding a frame that holds the focus gives the focus back to where it came from.

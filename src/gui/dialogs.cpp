@@ -48,10 +48,21 @@ class SaveFileDialog : public QFileDialog {
     }
 };
 
+// The folder the save dialog starts in: the proposed file's own, else the working folder
+// when the user may write there, else the home folder. Left to itself, the dialog starts
+// where the program's last file dialog was, the open dialog's folder of installed fixtures
+// too, where no user writes.
+QString StartFolder(const QString& proposal) {
+    const QFileInfo proposed(proposal);
+    if (proposed.path() != u'.') return proposed.absolutePath();
+    if (QFileInfo(QDir::currentPath()).isWritable()) return QDir::currentPath();
+    return QDir::homePath();
+}
+
 // The platform's own dialog (GTK, the desktop portal, Windows) where it has one, else Qt's.
 std::optional<QString> RunSaveDialog(const SaveDialog& browse, const QString& proposal) {
     detail::NoSettingsKept noSettings;
-    SaveFileDialog dialog(QApplication::activeWindow(), browse.DialogTitle);
+    SaveFileDialog dialog(QApplication::activeWindow(), browse.DialogTitle, StartFolder(proposal));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !browse.OverwritePrompt);

@@ -16,8 +16,10 @@ namespace detail {
 class FocusReturn : public QObject {
   public:
     explicit FocusReturn(QWidget* frame) : QObject(frame), frame_(frame) {
+        // When the window comes back from another one, the focus comes from nowhere: the
+        // place it came from before still stands.
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
-            if (inside(now) && !inside(old)) cameFrom_ = old;
+            if (inside(now) && old && !inside(old)) cameFrom_ = old;
         });
     }
     void giveBack() {

@@ -60,6 +60,10 @@ void QueueOpenAnswer(std::optional<QString> path) {
     Seams().testMode = true;
     Seams().openAnswers.push_back(std::move(path));
 }
+void RunRealOpenDialog() {
+    Seams().testMode = true;
+    ++Seams().realOpenDialogs;
+}
 const std::vector<OpenDialogCall>& OpenDialogCalls() {
     return Seams().openCalls;
 }
@@ -67,7 +71,7 @@ const std::vector<OpenDialogCall>& OpenDialogCalls() {
 int PendingAnswers() {
     return static_cast<int>(Seams().msgBoxAnswers.size() + Seams().saveAnswers.size() +
                             Seams().openAnswers.size()) +
-           Seams().realSaveDialogs;
+           Seams().realSaveDialogs + Seams().realOpenDialogs;
 }
 
 int UnansweredCalls() {
@@ -90,6 +94,7 @@ void Reset() {
     s.saveCalls.clear();
     s.openAnswers.clear();
     s.openCalls.clear();
+    s.realOpenDialogs = 0;
     s.fixedClock.reset();
     s.endRequested = false;
     s.unanswered = 0;

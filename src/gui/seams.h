@@ -45,6 +45,8 @@ const std::vector<MsgBoxCall>& MsgBoxCalls();
 const std::vector<SaveDialogCall>& SaveDialogCalls();
 // Open dialog: the chosen path, or nothing for a cancel.
 void QueueOpenAnswer(std::optional<QString> path);
+// Open dialog: the real one comes up, as RunRealSaveDialog does for the save dialog.
+void RunRealOpenDialog();
 const std::vector<OpenDialogCall>& OpenDialogCalls();
 int PendingAnswers();   // answers queued and not used yet
 int UnansweredCalls();  // dialogs that came up in a test with no answer queued

@@ -19,6 +19,7 @@ struct SeamState {
     std::vector<seams::SaveDialogCall> saveCalls;
     std::deque<std::optional<QString>> openAnswers;
     std::vector<seams::OpenDialogCall> openCalls;
+    int realOpenDialogs = 0;
     std::optional<QDateTime> fixedClock;
     bool endRequested = false;
     int unanswered = 0;  // dialogs a test let come up without an answer

@@ -23,7 +23,7 @@ struct Options {
                           QStringLiteral("DIR")};
     QCommandLineOption force{
         QStringLiteral("force"),
-        QStringLiteral("--convert replaces files that exist (else they are skipped)")};
+        QStringLiteral("--convert replaces a file of the same fixture that exists (else it is skipped)")};
     QCommandLineOption check{
         QStringLiteral("check"),
         QStringLiteral("print \"FILE: ok\" or the advice the wizard gives before saving, for "

@@ -3,9 +3,18 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QSaveFile>
 #include <algorithm>
+#include <cstdio>
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
+#include "common/system_names.h"
 #include "gui/dialogs.h"
 #include "gui/system.h"
 #include "output/fixture_file.h"
@@ -26,7 +35,78 @@ QString DefaultName(const MainForm& f) {
     return name + QStringLiteral(".R20");
 }
 
+// Puts what was written to `file` on the disk, as QSaveFile does before the new file takes its
+// name: after a power cut the name holds the old file or the new one, never an empty one.
+void SyncToDisk(QFile& file) {
+    const int handle = file.handle();
+    if (handle < 0) return;
+#ifdef Q_OS_WIN
+    _commit(handle);
+#else
+    fdatasync(handle);
+#endif
+}
+
+// Gives the file `from` the name `to` in one step. Only the name is looked at, never where a
+// link of that name leads; without `replace`, nothing that holds the name is replaced.
+std::optional<QString> MoveOnto(const QString& from, const QString& to, bool replace) {
+    const std::filesystem::path source = common::SystemPath(from);
+    const std::filesystem::path target = common::SystemPath(to);
+    std::error_code error;
+    if (replace) {
+        std::filesystem::rename(source, target, error);
+    } else {
+#ifdef Q_OS_WIN
+        // Windows gives a file a name that is taken only when told to.
+        bool moved = _wrename(source.c_str(), target.c_str()) == 0;
+#else
+        bool moved =
+            renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0;
+        // A file system that cannot refuse a taken name by itself (NFS): look, then move.
+        if (!moved && errno == EINVAL) {
+            std::error_code gone;
+            if (std::filesystem::exists(std::filesystem::symlink_status(target, gone)))
+                errno = EEXIST;
+            else
+                moved = std::rename(source.c_str(), target.c_str()) == 0;
+        }
+#endif
+        if (!moved) error = std::error_code(errno, std::generic_category());
+    }
+    if (!error) return std::nullopt;
+    return QString::fromLocal8Bit(error.message());
+}
+
 }  // namespace
+
+std::optional<QString> SaveLibraryFile(const common::Fixture& fixture, const QString& path,
+                                       const QDateTime& saved, bool replace) {
+    // QSaveFile follows a link at the target on purpose and writes where it leads. Here the
+    // text goes to a file made new for it beside the target, never one that was there, and
+    // that file takes the target's name once it is complete.
+    const QDir folder = QFileInfo(path).dir();
+    QFile file;
+    for (int tries = 0;; ++tries) {
+        file.setFileName(folder.filePath(
+            QStringLiteral(".rigwright-%1.tmp")
+                .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'))));
+        if (file.open(QIODevice::NewOnly | kWriteMode)) break;
+        if (tries == 9) return file.errorString();
+    }
+    if (replace) file.setPermissions(QFileInfo(path).permissions());  // as QSaveFile keeps them
+    const WriteOutcome written = WriteFixtureFile(fixture, path, saved, file);
+    if (written.ok) SyncToDisk(file);
+    file.close();
+    std::optional<QString> failed;
+    if (!written.ok)
+        failed = written.error;
+    else if (file.error() != QFileDevice::NoError)
+        failed = file.errorString();
+    else
+        failed = MoveOnto(file.fileName(), path, replace);
+    if (failed) file.remove();
+    return failed;
+}
 
 std::optional<QString> SaveFixtureFile(const common::Fixture& fixture, const QString& path,
                                        const QDateTime& saved) {

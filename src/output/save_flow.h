@@ -16,3 +16,9 @@ void finished_Click(MainForm& f);
 // success.
 std::optional<QString> SaveFixtureFile(const common::Fixture& fixture, const QString& path,
                                        const QDateTime& saved);
+
+// The same for a file of a fixture library, where the folder may hold links that someone else
+// put there: the file is never written through a link. Without `replace` nothing that holds
+// the name `path` is replaced; with it, what holds the name itself is, never where it leads.
+std::optional<QString> SaveLibraryFile(const common::Fixture& fixture, const QString& path,
+                                       const QDateTime& saved, bool replace);

@@ -70,5 +70,10 @@ void rgo_Click(MainForm& f) {
         range_Click(f);
         f.range.setTextMatrix(row, 3, prefix + QString::number(cut.index));
     }
+    // The focus goes to the grid with the new ranges before the panel hides; a Return there
+    // opens the editor and leaves the page no way. The focus does not tell the new count.
+    f.range.SetFocus();
     f.autoframe.setVisible(false);
+    const int ranges = f.range.Rows() - 1;
+    f.main.Announce(QStringLiteral("%1 range%2").arg(ranges).arg(ranges == 1 ? "" : "s"));
 }

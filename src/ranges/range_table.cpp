@@ -55,14 +55,16 @@ void rclear_Click(MainForm& f) {
 void range_DblClick(MainForm& f) {
     const int row = f.range.Row();
     const int col = f.range.Col();
-    f.reditframe.setVisible(true);
-    f.reditframe.setLeft(f.range.Left() + f.range.ColPos(col));
-    f.reditframe.setTop(f.range.Top() + f.range.RowPos(row));
-    f.reditframe.setCaption(f.range.TextMatrix(0, col));
+    // The editor is named and filled before it shows and takes the focus: a screen reader
+    // says what has the focus as it gets it, here which bound of which row is edited.
+    f.reditframe.setCaption(f.range.TextMatrix(0, col), QStringLiteral("row %1").arg(row));
     f.reditframe.setTag(QString::number(row));
     f.redittext.setTag(QString::number(col));
     f.redittext.setText(QString());
     f.redittext.setText(f.range.Text());
+    f.reditframe.setLeft(f.range.Left() + f.range.ColPos(col));
+    f.reditframe.setTop(f.range.Top() + f.range.RowPos(row));
+    f.reditframe.setVisible(true);
     f.redittext.SetFocus();
 }
 

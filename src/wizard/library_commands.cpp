@@ -1,10 +1,12 @@
 #include "wizard/library_commands.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QSet>
 #include <QTemporaryFile>
+#include <algorithm>
 #include <functional>
 #ifdef Q_OS_WIN
 #include <io.h>
@@ -14,6 +16,8 @@
 #include <unistd.h>
 #endif
 
+#include "common/code_page.h"
+#include "common/system_names.h"
 #include "gui/system.h"
 #include "input/command_line.h"
 #include "input/fixture_source.h"
@@ -25,6 +29,15 @@
 namespace {
 
 constexpr int kProgressFrom = 50;  // fewer files than this go by too fast to need it
+
+// The longest file name most file systems take, in bytes (the names made here are ASCII), less
+// the room for a number that keeps it apart ("-2" … "-99999") and ".R20".
+constexpr qsizetype kMaxStem = 255 - 10;
+
+// Messages are read on a terminal: a longer one is shortened in its longest parts, none of
+// which becomes shorter than kShortestPart.
+constexpr qsizetype kMaxMessage = 199;
+constexpr qsizetype kShortestPart = 24;
 
 // One fixture to fill the form with: a written fixture file, or one mode of a QLC+ fixture.
 struct Job {
@@ -38,22 +51,86 @@ QString ModeName(const QString& path, const input::QxfMode& mode) {
     return QStringLiteral("%1 (mode \"%2\")").arg(path, input::OneLine(mode.name));
 }
 
-// Letters, digits, "." and "_" of a text, as a part of a file name.
+QString FirstLine(const QString& lines) {
+    return lines.section(QStringLiteral("\r\n"), 0, 0);
+}
+
+// Letters that are no Latin letter with a mark, so that taking the marks away leaves them as
+// they are, spelled as their languages spell them without their own letters.
+constexpr std::pair<char16_t, const char*> kSpelled[] = {
+    {u'\u00DF', "ss"}, {u'\u1E9E', "SS"}, {u'\u00E6', "ae"}, {u'\u00C6', "AE"}, {u'\u0153', "oe"},
+    {u'\u0152', "OE"}, {u'\u00F8', "o"},  {u'\u00D8', "O"},  {u'\u0142', "l"},  {u'\u0141', "L"},
+    {u'\u0111', "d"},  {u'\u0110', "D"},  {u'\u00F0', "d"},  {u'\u00D0', "D"},  {u'\u00FE', "th"},
+    {u'\u00DE', "Th"}, {u'\u0127', "h"},  {u'\u0126', "H"},  {u'\u0131', "i"}};
+
+// Letters, digits, "." and "_" of a text, as a part of a file name: a letter with a mark (Ü, é,
+// ﬁ) is written without it, and the letters of kSpelled as spelled there.
 QString FileNamePart(const QString& text) {
     QString kept;
-    for (const QChar c : text)
+    for (const QChar c : text.normalized(QString::NormalizationForm_KD)) {
         if ((c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
             c == u'.' || c == u'_')
             kept += c;
-    return kept.isEmpty() ? QStringLiteral("_") : kept;
+        for (const auto& [letter, spelled] : kSpelled)
+            if (c == letter) kept += QLatin1String(spelled);
+    }
+    return kept;
 }
 
-// Whether files can be made in the folder, made first when missing. Only making one tells:
-// the permission bits pass an administrator, yet /proc or a read-only mount refuse every file.
-bool CanMakeFilesIn(const QDir& folder) {
-    if (!QDir().mkpath(folder.path())) return false;
-    QTemporaryFile probe(folder.filePath(QStringLiteral(".rigwright-XXXXXX")));
-    return probe.open();
+// The name of a converted file without ".R20": MANUFACTURER-MODEL-MODE, the mode only when
+// there is one. It never starts with ".", which would hide it (from "*.R20" too), nor with "-".
+// A name too long for a file system is cut, and a hash of the whole keeps it apart from other
+// names cut to the same start, run after run.
+QString Stem(const QString& manufacturer, const QString& model, const QString& mode) {
+    QString first = FileNamePart(manufacturer);
+    while (first.startsWith(u'.')) first.remove(0, 1);
+    const QString second = FileNamePart(model), third = FileNamePart(mode);
+    QString stem = (first.isEmpty() ? QStringLiteral("_") : first) + u'-' +
+                   (second.isEmpty() ? QStringLiteral("_") : second);
+    if (!third.isEmpty()) stem += u'-' + third;
+    if (stem.size() <= kMaxStem) return stem;
+    const QByteArray hash = QCryptographicHash::hash(stem.toUtf8(), QCryptographicHash::Sha1);
+    return stem.first(kMaxStem - 9) + u'-' + QString::fromLatin1(hash.toHex().first(8));
+}
+
+// What tells fixtures apart in a library: the NAME line and the mode (the first line for the
+// desk), as a written file gives them back, since its code page may not hold every character.
+QString Identity(const common::Fixture& fixture) {
+    const QString text = fixture.manufacturer + QStringLiteral("\" \"") + fixture.model + u'\n' +
+                         FirstLine(fixture.patchText);
+    return FromFileBytes(ToFileBytes(text)).value_or(text);
+}
+
+// What holds a name in the target folder.
+enum class Place {
+    kFree,
+    kSame,   // a file of the same fixture, which --force replaces
+    kOther,  // a file of another fixture or no fixture file, a folder: the next name is tried
+    kLink,   // counts as a file that exists, and --force leaves it too: writing through it
+             // would change a file outside the folder, replacing it would undo what whoever
+             // made it meant (one file shared by two libraries, say). They decide.
+};
+
+Place PlaceOf(const QString& file, const QString& identity) {
+    const QFileInfo info(file);
+    if (info.isSymLink()) return Place::kLink;
+    if (!info.exists()) return Place::kFree;
+    if (!info.isFile()) return Place::kOther;
+    const input::ReadOutcome read = input::ReadFixtureFile(file);
+    return read.fixture && Identity(*read.fixture) == identity ? Place::kSame : Place::kOther;
+}
+
+// Why no file can be made in the folder, made first when missing; nothing when files can be.
+// Only making one tells: the permission bits pass an administrator, yet /proc or a read-only
+// mount refuse every file.
+std::optional<QString> WhyNoFilesIn(const QString& folder) {
+    if (common::HasKeptBytes(folder)) return QStringLiteral("its name is not UTF-8");
+    std::error_code error;
+    std::filesystem::create_directories(common::SystemPath(folder), error);
+    if (error) return QString::fromLocal8Bit(error.message());
+    QTemporaryFile probe(QDir(folder).filePath(QStringLiteral(".rigwright-XXXXXX")));
+    if (!probe.open()) return probe.errorString();
+    return std::nullopt;
 }
 
 // Every fixture a file brings, handed to `take` one at a time: the file itself when it is a
@@ -63,7 +140,9 @@ bool CanMakeFilesIn(const QDir& folder) {
 void ForEachJob(const QString& path, const QString& mode, const std::function<void(Job&&)>& take) {
     input::FixtureSource source = input::ReadFixtureSource(path);
     if (source.written) {
-        take({path, QFileInfo(path).completeBaseName(), std::move(source.written), {}});
+        const common::Fixture& f = *source.written;
+        QString stem = Stem(f.manufacturer, f.model, FirstLine(f.patchText));
+        take({path, std::move(stem), std::move(source.written), {}});
         return;
     }
     if (!source.qxf) {
@@ -82,11 +161,51 @@ void ForEachJob(const QString& path, const QString& mode, const std::function<vo
     }
     for (const int i : modes) {
         input::ReadOutcome mapped = input::MapQxfMode(fixture, i);
-        const QString stem = FileNamePart(fixture.manufacturer) + u'-' +
-                             FileNamePart(fixture.model) + u'-' +
-                             FileNamePart(fixture.modes[i].name);
+        const QString stem = Stem(fixture.manufacturer, fixture.model, fixture.modes[i].name);
         take({ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
     }
+}
+
+// `text` cut to `length` characters in its middle, so that the start and the end of a path or
+// a name still show.
+QString Elided(const QString& text, qsizetype length) {
+    qsizetype head = (length - 1) / 3, tail = length - 1 - head;
+    if (head > 0 && text[head - 1].isHighSurrogate()) --head;
+    if (tail > 0 && text[text.size() - tail].isLowSurrogate()) --tail;
+    return text.first(head) + u'\u2026' + text.last(tail);
+}
+
+// `pattern` with %1, %2 … filled by `parts`.
+QString Filled(const QString& pattern, const QStringList& parts) {
+    QString line;
+    for (qsizetype i = 0; i < pattern.size(); ++i) {
+        const int n =
+            pattern[i] == u'%' && i + 1 < pattern.size() ? pattern[i + 1].digitValue() : -1;
+        if (n > 0) {
+            line += parts.value(n - 1);
+            ++i;
+        } else {
+            line += pattern[i];
+        }
+    }
+    return line;
+}
+
+// The same, where a line that would be too long has its longest parts cut to one length, as
+// long as the line allows.
+QString Message(const QString& pattern, QStringList parts) {
+    const qsizetype fixed = Filled(pattern, QStringList(parts.size())).size();
+    const auto length = [&](qsizetype cap) {
+        qsizetype sum = fixed;
+        for (const QString& part : parts) sum += std::min(part.size(), cap);
+        return sum;
+    };
+    qsizetype cap = 0;
+    for (const QString& part : parts) cap = std::max(cap, part.size());
+    while (cap > kShortestPart && length(cap) > kMaxMessage) --cap;
+    for (QString& part : parts)
+        if (part.size() > cap) part = Elided(part, cap);
+    return Filled(pattern, parts);
 }
 
 // The reports of one run, and whether anything went wrong.
@@ -98,32 +217,45 @@ class Reports {
           showProgress_(streams.progress && files > kProgressFrom) {}
     ~Reports() { clearProgress(); }
 
-    void say(const QString& text) {
-        clearProgress();
-        std::fputs((text + u'\n').toLocal8Bit().constData(), streams_.out);
-    }
-    void refuse(const QString& text) {
+    // A line of the run's result, on `out`, whole.
+    void say(const QString& text) { print(streams_.out, text); }
+    // A refusal and a note on `err`, of the message `pattern` with its parts.
+    void refuse(const QString& pattern, const QStringList& parts) {
         failed_ = true;
-        clearProgress();
-        std::fputs((text + u'\n').toLocal8Bit().constData(), streams_.err);
+        note(pattern, parts);
+    }
+    void note(const QString& pattern, const QStringList& parts) {
+        print(streams_.err, Message(pattern, parts));
     }
     void fileDone() {
         ++done_;
-        if (!showProgress_) return;
-        const QLocale english(QLocale::English);
-        const QString line =
-            QStringLiteral("\r%1 of %2").arg(english.toString(done_), english.toString(files_));
-        std::fputs(line.toLocal8Bit().constData(), streams_.err);
-        std::fflush(streams_.err);
-        progressShown_ = true;
+        drawProgress();
     }
     void markFailed() { failed_ = true; }
     int exitCode() const { return failed_ ? 1 : 0; }
 
   private:
+    // One line, at once: a run stopped midway has shown every file it wrote. The progress
+    // makes room for it and then stands again below it.
+    void print(std::FILE* stream, const QString& text) {
+        clearProgress();
+        std::fputs(common::ToSystemBytes(text + u'\n').constData(), stream);
+        std::fflush(stream);
+        drawProgress();
+    }
+    void drawProgress() {
+        if (!showProgress_ || done_ == 0) return;
+        const QLocale english(QLocale::English);
+        const QString line =
+            QStringLiteral("\r%1 of %2").arg(english.toString(done_), english.toString(files_));
+        std::fputs(line.toLatin1().constData(), streams_.err);
+        std::fflush(streams_.err);
+        progressShown_ = true;
+    }
     void clearProgress() {
         if (!progressShown_) return;
         std::fputs("\r\033[K", streams_.err);
+        std::fflush(streams_.err);
         progressShown_ = false;
     }
 
@@ -135,6 +267,38 @@ class Reports {
     bool failed_ = false;
 };
 
+// Writes the file of one job into `target`, under its name or, where that holds another
+// fixture, the next free one. `given` holds the names given in this run, in lower case: none
+// is given twice, not even where case makes no difference to the file system.
+void Convert(Job& job, const QDir& target, bool force, QSet<QString>& given, Reports& reports) {
+    if (!job.fixture) return reports.refuse(QStringLiteral("%1: %2"), {job.name, job.error});
+    const QString identity = Identity(*job.fixture);
+    QString name, file, taken;
+    Place place = Place::kOther;
+    for (int n = 1; place == Place::kOther; ++n) {
+        if (!name.isEmpty() && taken.isEmpty()) taken = name;
+        name = job.stem + (n > 1 ? u'-' + QString::number(n) : QString()) + QStringLiteral(".R20");
+        file = QDir::toNativeSeparators(target.absoluteFilePath(name));
+        place = given.contains(name.toLower()) ? Place::kOther : PlaceOf(file, identity);
+    }
+    given.insert(name.toLower());
+    if (place == Place::kLink)
+        return reports.refuse(QStringLiteral("%1: %2 is a symbolic link: left as it is"),
+                              {job.name, file});
+    if (place == Place::kSame && !force)
+        return reports.refuse(QStringLiteral("%1: %2 exists; --force replaces it"),
+                              {job.name, file});
+    const common::Fixture finished = AtFinishPage(std::move(*job.fixture), gui::Now());
+    if (const std::optional<QString> reason =
+            SaveLibraryFile(finished, file, gui::Now(), place == Place::kSame))
+        return reports.refuse(QStringLiteral("%1: %2 could not be written: %3"),
+                              {job.name, file, *reason});
+    if (!taken.isEmpty())
+        reports.note(QStringLiteral("%1: %2 holds another fixture; this one is %3"),
+                     {job.name, taken, name});
+    reports.say(file);
+}
+
 }  // namespace
 
 LibraryStreams LibraryStreams::Standard() {
@@ -142,41 +306,22 @@ LibraryStreams LibraryStreams::Standard() {
 }
 
 int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
-    const QDir target(line.targetDir);
-    if (!CanMakeFilesIn(target)) {
-        std::fputs(QStringLiteral("rigwright: cannot write into %1\n")
-                       .arg(QDir::toNativeSeparators(line.targetDir))
-                       .toLocal8Bit()
-                       .constData(),
-                   streams.err);
-        return 1;
-    }
     Reports reports(streams, line.files.size());
-    QSet<QString> written;  // names given in this run, in lower case: none is given twice
+    if (const std::optional<QString> why = WhyNoFilesIn(line.targetDir)) {
+        reports.refuse(QStringLiteral("rigwright: cannot write into %1: %2"),
+                       {QDir::toNativeSeparators(line.targetDir), *why});
+        return reports.exitCode();
+    }
+    const QDir target(line.targetDir);
+    QSet<QString> given;
+    QSet<QString> converted;  // the files converted, by their canonical paths: each only once
     for (const QString& path : line.files) {
-        ForEachJob(path, line.mode, [&](Job&& job) {
-            if (!job.fixture) {
-                reports.refuse(job.name + QStringLiteral(": ") + job.error);
-                return;
-            }
-            QString name = job.stem + QStringLiteral(".R20");
-            for (int n = 2; written.contains(name.toLower()); ++n)
-                name = job.stem + u'-' + QString::number(n) + QStringLiteral(".R20");
-            written.insert(name.toLower());
-            const QString file = QDir::toNativeSeparators(target.absoluteFilePath(name));
-            if (!line.force && QFileInfo::exists(file)) {
-                reports.refuse(job.name + QStringLiteral(": ") + file +
-                               QStringLiteral(" exists; --force replaces it"));
-                return;
-            }
-            const common::Fixture finished = AtFinishPage(std::move(*job.fixture), gui::Now());
-            if (const std::optional<QString> reason = SaveFixtureFile(finished, file, gui::Now())) {
-                reports.refuse(job.name + QStringLiteral(": ") + file +
-                               QStringLiteral(" could not be written: ") + *reason);
-                return;
-            }
-            reports.say(file);
-        });
+        const QString canonical = QFileInfo(path).canonicalFilePath();
+        if (canonical.isEmpty() || !converted.contains(canonical)) {
+            converted.insert(canonical);
+            ForEachJob(path, line.mode,
+                       [&](Job&& job) { Convert(job, target, line.force, given, reports); });
+        }
         reports.fileDone();
     }
     return reports.exitCode();
@@ -187,7 +332,7 @@ int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams)
     for (const QString& path : line.files) {
         ForEachJob(path, line.mode, [&](Job&& job) {
             if (!job.fixture) {
-                reports.refuse(job.name + QStringLiteral(": ") + job.error);
+                reports.refuse(QStringLiteral("%1: %2"), {job.name, job.error});
                 return;
             }
             // The advice looks at no comment: only the degrees change on the way there.

@@ -2,6 +2,7 @@
 // every fixture Debian ships, the ways in as a person takes them, and the command line that
 // converts and checks whole libraries with the wizard's own code.
 #include <sys/stat.h>
+#include <unistd.h>
 #include <QAccessible>
 #include <QBuffer>
 #include <QDirIterator>
@@ -9,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
@@ -17,6 +19,7 @@
 #include <cstdlib>
 
 #include "channels/edit_classes.h"
+#include "common/system_names.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
 #include "gui/system.h"
@@ -130,6 +133,28 @@ QString MapError(const QByteArray& bytes, const QString& mode = {}) {
     return input::MapQxfMode(*read.fixture, *index).error;
 }
 
+// Runs a library command in this process: its exit code, or -1 when lines it printed were still
+// held back when it returned. With `terminal`, standard output and error are one stream, with
+// the progress, as on a terminal.
+int Run(const QStringList& arguments, QString* printed = nullptr, QString* errors = nullptr,
+        bool terminal = false) {
+    char *o = nullptr, *e = nullptr;
+    std::size_t oSize = 0, eSize = 0;
+    std::FILE* out = open_memstream(&o, &oSize);
+    const LibraryStreams streams{out, terminal ? out : open_memstream(&e, &eSize), terminal};
+    const input::CommandLine line = input::ParseCommandLine(arguments);
+    const int code = line.action == input::CommandLine::Action::kCheck
+                         ? CheckFixtures(line, streams)
+                         : ConvertFixtures(line, streams);
+    const std::size_t flushed = oSize + eSize;  // what a run stopped now would have shown
+    std::fclose(out);
+    if (!terminal) std::fclose(streams.err);
+    if (printed) *printed = common::FromSystemBytes({o, qsizetype(oSize)});
+    if (errors) *errors = common::FromSystemBytes({e, qsizetype(eSize)});
+    std::free(o), std::free(e);
+    return flushed == oSize + eSize ? code : -1;
+}
+
 }  // namespace
 
 class TestQxf : public FormFixture {
@@ -179,8 +204,8 @@ class TestQxf : public FormFixture {
             << "the mode \"Mode 2\" names the channel \"Ghost\", which the fixture does not define";
         QTest::newRow("a mode number too high") << good << "3"
                                                 << "no mode";
-        QTest::newRow("an offset beyond the table")
-            << Qxf("Dim@IntensityDimmer", {"Dim=511"}) << ""
+        QTest::newRow("an offset beyond the table, the mode's name on one line")
+            << Qxf("Dim@IntensityDimmer", {"Dim=511"}).replace("Mode 1", "Mode&#9;1") << ""
             << "the mode \"Mode 1\" puts the channel \"Dim\" at DMX offset 512, beyond the 511 "
                "offsets of the channel table";
         QTest::newRow("no Number") << Qxf("Dim@IntensityDimmer", {"Dim=x"}) << ""
@@ -341,9 +366,10 @@ class TestQxf : public FormFixture {
             "none.qxf could not be read: No such file or directory"));
         QCOMPARE(f.manifacturer.Text(), QStringLiteral("Lumenfab"));
     }
-    // Keys alone: the list of modes comes up named and titled, the first line selected; Escape
-    // leaves the pages as they were, Down and Enter pick the second mode. A mode with no channel
-    // says so on its line; picked, it says why it cannot fill the pages and the list comes back.
+    // Keys alone: the list of modes comes up named and titled, the first line selected and
+    // heard as it takes the focus; Escape leaves the pages as they were, Down and Enter pick
+    // the second mode. A mode with no channel says so on its line; picked, it says why it
+    // cannot fill the pages and the list comes back on its line.
     void chooser() {
         using namespace gui::testing;
         QTemporaryDir dir;
@@ -352,17 +378,20 @@ class TestQxf : public FormFixture {
                                      .replace("  <Channel Number=\"0\"></Channel>\n", "")));
         MainForm& f = form();
         QString title, name, lines;
-        const auto look = [&] {
-            title = CaptionOf(ActiveDialog());
-            QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
-                ActiveDialog()->findChild<QObject*>("choices"));
-            name = list->text(QAccessible::Name);
-            lines.clear();
-            for (int i = 0; i < list->childCount(); ++i)
-                lines += list->child(i)->text(QAccessible::Name) +
-                         (list->child(i)->state().selected ? "*" : "") + u';';
-        };
+        QStringList heard;
         for (const int pick : {0, 1, 2}) {  // Escape, the second mode, the empty one
+            ScreenReader reader;
+            const auto look = [&] {
+                title = CaptionOf(ActiveDialog());
+                heard = reader.heard();
+                QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
+                    ActiveDialog()->findChild<QObject*>("choices"));
+                name = list->text(QAccessible::Name);
+                lines.clear();
+                for (int i = 0; i < list->childCount(); ++i)
+                    lines += list->child(i)->text(QAccessible::Name) +
+                             (list->child(i)->state().selected ? "*" : "") + u';';
+            };
             QTimer::singleShot(0, [&] {
                 look();
                 if (pick > 0) PressKey(pick == 1 ? Qt::Key_Down : Qt::Key_End);
@@ -372,6 +401,7 @@ class TestQxf : public FormFixture {
             if (pick == 2) gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
             QCOMPARE(OpenFixtureFile(f, path), pick == 1);
             QCOMPARE(title, QStringLiteral("Lumenfab Beam 575"));
+            QCOMPARE(heard.last(), pick == 2 ? "Mode 3 (no channels)" : "Mode 1 (1 channel)");
             QCOMPARE(name, QStringLiteral("Modes"));
             QCOMPARE(lines,
                      QString("Mode 1 (1 channel)%1;Mode 2 (2 channels);Mode 3 (no channels)%2;")
@@ -486,56 +516,36 @@ class TestQxf : public FormFixture {
     void convertAndCheck() {
         QTemporaryDir dir;
         const QString qxf = dir.filePath("beam.qxf");
-        // Names with a line break and a tab: every report stays one line, with blanks for them.
+        // A mode's name with a line break: the report of it is one line, a blank in its place.
         QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer|Dim 2@IntensityDimmer",
-                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim", "Pan|Dim=511"})
-                                    .replace("\"Mode 2\"", "\"Mode&#10;2\"")
-                                    .replace("\"Mode 4\"", "\"Mode&#9;4\"")));
+                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim"})
+                                    .replace("\"Mode 2\"", "\"Mode&#10;2\"")));
         QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "<?xml version='1.0'?><FixtureDefinition>"));
         const QString out = dir.filePath("lib");
         gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
-        auto run = [&](const QStringList& arguments, QString* printed = nullptr,
-                       QString* errors = nullptr) {
-            char *o = nullptr, *e = nullptr;
-            std::size_t oSize = 0, eSize = 0;
-            const LibraryStreams streams{open_memstream(&o, &oSize), open_memstream(&e, &eSize),
-                                         false};
-            const input::CommandLine line = input::ParseCommandLine(arguments);
-            const int code = line.action == input::CommandLine::Action::kCheck
-                                 ? CheckFixtures(line, streams)
-                                 : ConvertFixtures(line, streams);
-            std::fclose(streams.out), std::fclose(streams.err);
-            if (printed) *printed = QString::fromLocal8Bit(o, qsizetype(oSize));
-            if (errors) *errors = QString::fromLocal8Bit(e, qsizetype(eSize));
-            std::free(o), std::free(e);
-            return code;
-        };
         QString printed, errors;
-        QCOMPARE(run({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")}, &printed, &errors),
+        QCOMPARE(Run({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")}, &printed, &errors),
                  1);
         const QString first = out + "/Lumenfab-Beam575-Mode1.R20";
         QCOMPARE(printed, first + "\n" + out + "/Lumenfab-Beam575-Mode2.R20\n" + out +
                               "/Lumenfab-Beam575-Mode3.R20\n");
-        // A mode beyond the table is refused by name; the others are converted.
-        QCOMPARE(errors, qxf +
-                             " (mode \"Mode 4\"): the mode \"Mode 4\" puts the channel \"Dim\" at "
-                             "DMX offset 512, beyond the 511 offsets of the channel table\n" +
-                             dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
-        QCOMPARE(run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
+        QCOMPARE(errors, dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
+        QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
         QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
-        QCOMPARE(run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
+        QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
         // A file in the folder's place, and a folder where no file can be made, whoever asks.
-        for (const QString& to : {qxf + "/lib", QStringLiteral("/proc")}) {
-            QCOMPARE(run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
-            QCOMPARE(printed + errors, "rigwright: cannot write into " + to + "\n");
+        for (const auto& [to, why] : {std::pair{qxf + "/lib", "Not a directory"},
+                                      {QStringLiteral("/proc"), "No such file or directory"}}) {
+            QCOMPARE(Run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
+            QCOMPARE(printed + errors, "rigwright: cannot write into " + to + ": " + why + "\n");
         }
 
         const QString unnamed = dir.filePath("unnamed.R20");
         QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
-        QCOMPARE(run({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
+        QCOMPARE(Run({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
         QCOMPARE(printed, first + ": ok\n" + unnamed + ": Manifacturer cannot be empty!\n" + qxf +
                               " (mode \"Mode 2\"): ok\n");
-        QCOMPARE(run({"--check", first}), 0);
+        QCOMPARE(Run({"--check", first}), 0);
 
         QVERIFY(OpenFixtureFile(form(), qxf, QStringLiteral("Mode 1")));
         goToPage(3);
@@ -543,6 +553,87 @@ class TestQxf : public FormFixture {
         QVERIFY(!SaveFixtureFile(ReadForm(form()), saved, gui::Now()));
         const QByteArray converted = ReadBytes(first);
         QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
+
+        // A link in the folder is never written through, not even with --force; a file of
+        // another fixture keeps its name, run after run. An input named twice is converted once,
+        // a fixture file is named by what it holds.
+        const QString second = out + "/Lumenfab-Beam575-Mode2.R20";
+        const QString third = out + "/Lumenfab-Beam575-Mode3.R20";
+        QVERIFY(QFile::remove(second) && QFile::link(dir.filePath("nowhere.R20"), second));
+        QVERIFY(QFile::remove(third) && QFile::link(saved, third));
+        const QByteArray other = converted.sliced(0).replace("\"Lumenfab\"", "\"Lumen fab\"");
+        QVERIFY(WriteBytes(first, other));
+        const QByteArray savedBytes = ReadBytes(saved);
+        const QString linked = " is a symbolic link: left as it is\n";
+        QStringList arguments{"--convert", "--to", out, qxf, dir.path() + "/./beam.qxf", unnamed};
+        for (int run = 0; run < 2; ++run, arguments << "--force") {
+            QCOMPARE(Run(arguments, &printed, &errors), 1);
+            QCOMPARE(printed,
+                     out + "/Lumenfab-Beam575-Mode1-2.R20\n" + out + "/_-Beam575-Mode1.R20\n");
+            QCOMPARE(errors, qxf +
+                                 " (mode \"Mode 1\"): Lumenfab-Beam575-Mode1.R20 holds another "
+                                 "fixture; this one is Lumenfab-Beam575-Mode1-2.R20\n" +
+                                 qxf + " (mode \"Mode 2\"): " + second + linked + qxf +
+                                 " (mode \"Mode 3\"): " + third + linked);
+        }
+        QVERIFY(!QFileInfo::exists(dir.filePath("nowhere.R20")));
+        QCOMPARE(ReadBytes(saved), savedBytes);
+        QCOMPARE(ReadBytes(first), other);
+
+        // On a terminal the progress stands again after every line, and nothing of it stays.
+        QStringList many;
+        for (int i = 0; i < 51; ++i) {
+            many << dir.filePath(QStringLiteral("copy%1.qxf").arg(i));
+            QVERIFY(QFile::copy(qxf, many.last()));
+        }
+        QCOMPARE(Run(QStringList{"--check"} + many, &printed, nullptr, true), 0);
+        const QStringList lines = printed.split(u'\n');
+        QCOMPARE(lines.size(), 51 * 3 + 1);
+        for (const QString& l : lines.mid(3))
+            QVERIFY2(QRegularExpression("^(\\r\\d+ of 51)+\\r\\x1b\\[K").match(l).hasMatch(),
+                     qPrintable(l));
+        QVERIFY(lines.last().endsWith("\x1b[K"));
+
+        // A name that is no UTF-8 opens, and is printed as the bytes it is.
+        const QByteArray latin = QFile::encodeName(dir.path()) + "/caf\xe9.qxf";
+        QVERIFY(link(QFile::encodeName(qxf).constData(), latin.constData()) == 0);
+        QCOMPARE(Run({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed), 0);
+        QCOMPARE(common::ToSystemBytes(printed), latin + " (mode \"Mode 1\"): ok\n");
+    }
+    // Names in a library: letters without their accents, never hidden, never too long for a file
+    // system, and the messages about them short enough to read.
+    void libraryNames_data() {
+        QTest::addColumn<QString>("names");  // manufacturer, model and mode, "|" between them
+        QTest::addColumn<QString>("file");
+        QTest::newRow("accents") << "\u00DCn\u00EFc\u00F8d\u00E9 Stra\u00DFe|\u00D8re \u00C6on|"
+                                    "\u0141\u00F3d\u017A \uFB01x \u00F0"
+                                 << "UnicodeStrasse-OreAEon-Lodzfixd.R20";
+        QTest::newRow("hidden") << ".hidden|Beam|Mode 1"
+                                << "hidden-Beam-Mode1.R20";
+        QTest::newRow("only dots") << "..|Beam|Mode 1"
+                                   << "_-Beam-Mode1.R20";
+        const QString a300(300, u'A');
+        QTest::newRow("too long") << a300 + "|Beam|" + QString(300, u'\u00E9')
+                                  << QString(236, u'A') + "-6a5c0bb8.R20";
+        QTest::newRow("too long, another end")
+            << a300 + "B|Beam|Mode 1" << QString(236, u'A') + "-cb2ecb24.R20";
+    }
+    void libraryNames() {
+        QFETCH(QString, names);
+        QFETCH(QString, file);
+        const QStringList n = names.split(u'|');
+        QTemporaryDir dir;
+        const QString qxf = dir.filePath("beam.qxf"), out = dir.filePath("lib");
+        QVERIFY(WriteBytes(qxf, Qxf("Dim@IntensityDimmer", {"Dim"})
+                                    .replace("Lumenfab", n[0].toUtf8())
+                                    .replace("Beam 575", n[1].toUtf8())
+                                    .replace("\"Mode 1\"", '"' + n[2].toUtf8() + '"')));
+        QString printed, errors;
+        QCOMPARE(Run({"--convert", "--to", out, qxf}, &printed), 0);
+        QCOMPARE(printed, out + u'/' + file + u'\n');
+        QCOMPARE(Run({"--convert", "--to", out, qxf}, nullptr, &errors), 1);
+        QVERIFY2(errors.trimmed().size() < 200 && errors.endsWith(" exists; --force replaces it\n"),
+                 qPrintable(errors));
     }
 };
 

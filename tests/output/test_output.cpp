@@ -199,6 +199,29 @@ class TestOutput : public FormFixture {
         QVERIFY(gui::seams::MsgBoxCalls().empty());  // cancelled in the end: nothing is said
         QCOMPARE(EntriesOf(dir.path()), QStringList());
     }
+    // The open dialog keeps its folder to itself: after an open cancelled in another folder,
+    // the save dialog starts in the working folder, where the proposed name is.
+    void saveStartsInWorkingFolder() {
+        using namespace gui::testing;
+        QTemporaryDir elsewhere;
+        gui::seams::RunRealOpenDialog();
+        QTimer::singleShot(0, [&] {
+            ActiveDialog();
+            TypeKeys(elsewhere.path());
+            PressKey(Qt::Key_Return);  // goes into the folder
+            PressKey(Qt::Key_Escape);
+        });
+        goToPage(3);
+        PressKey(Qt::Key_O, Qt::ControlModifier);
+        QString folder;
+        gui::seams::RunRealSaveDialog();
+        QTimer::singleShot(0, [&] {
+            folder = FolderOf(ActiveDialog());
+            PressKey(Qt::Key_Escape);
+        });
+        Click(form().finished);
+        QCOMPARE(folder, QDir::currentPath());
+    }
     void failureKeepsOldFile_data() {
         QTest::addColumn<QString>("target");   // in a fresh folder
         QTest::addColumn<QString>("oldFile");  // a file there that must come out byte-identical

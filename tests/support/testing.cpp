@@ -1,9 +1,13 @@
 #include "support/testing.h"
 
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -182,6 +186,20 @@ QString FocusName() {
     return focus ? focus->objectName() : QString();
 }
 
+QString FolderOf(QObject* fileDialog) {
+    auto* dialog = qobject_cast<QFileDialog*>(fileDialog);
+    return dialog ? dialog->directory().absolutePath() : QString();
+}
+
+void LeaveAndComeBack(Form& form) {
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    if (!QTest::qWaitForWindowActive(&other)) qWarning("The other window does not come up");
+    form.widget()->activateWindow();
+    if (!QTest::qWaitForWindowActive(form.widget())) qWarning("The window does not come back");
+}
+
 void CloseBox(Form& form) {
     form.widget()->close();
 }
@@ -255,6 +273,39 @@ QString Announced(Form& form) {
     QWidget* announcer = form.widget()->findChild<QWidget*>(QStringLiteral("announcement"));
     if (!announcer || announcer->isHidden()) return {};
     return QAccessible::queryAccessibleInterface(announcer)->text(QAccessible::Name);
+}
+
+namespace {
+ScreenReader* listening = nullptr;
+}  // namespace
+
+void ScreenReader::Hear(QAccessibleEvent* event) {
+    QAccessibleInterface* at = event->accessibleInterface();
+    if (!listening || !at) return;
+    const QString name = at->text(QAccessible::Name);
+    if (event->type() == QAccessible::Focus)
+        listening->heard_ << (at->state().invisible ? QStringLiteral("(hidden) ") : QString()) +
+                                 name;
+    else if (event->type() == QAccessible::ObjectShow && at->role() == QAccessible::Notification)
+        listening->heard_ << name;
+}
+
+ScreenReader::ScreenReader() {
+    QCoreApplication::processEvents();  // what was said before is not heard
+    listening = this;
+    QAccessible::installUpdateHandler(Hear);
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+}
+
+QStringList ScreenReader::heard() {
+    QCoreApplication::processEvents();
+    return heard_;
+}
+
+ScreenReader::~ScreenReader() {
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(false);
+    QAccessible::installUpdateHandler(nullptr);
+    listening = nullptr;
 }
 
 }  // namespace gui::testing

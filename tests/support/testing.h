@@ -15,6 +15,7 @@
 #include "gui/picture.h"
 
 class QAbstractItemModel;
+class QAccessibleEvent;
 class QObject;
 class QWidget;
 
@@ -47,9 +48,11 @@ void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void PickItem(ComboBox& box, int index);
 // The modal dialog on screen, for a test that lets a real one come up; null when none.
 QObject* ActiveDialog();
-QString FocusName();            // object name of the widget that has the focus
-void CloseBox(Form& form);      // the window's close box
-bool WaitForShown(Form& form);  // until the window is on screen
+QString FocusName();                    // object name of the widget that has the focus
+QString FolderOf(QObject* fileDialog);  // the folder a file dialog shows
+void CloseBox(Form& form);              // the window's close box
+void LeaveAndComeBack(Form& form);      // to another window and back, as with Alt+Tab
+bool WaitForShown(Form& form);          // until the window is on screen
 
 QImage Grab(Control& control);
 bool ShownOnScreen(const Control& control);  // visible, its containers too
@@ -72,5 +75,21 @@ bool PlacedByWindowManager(Form& form);
 
 // What was last said to a screen reader without moving the focus.
 QString Announced(Form& form);
+
+// What a screen reader is told while one lives, in turn: each move of the focus as the name of
+// what takes it (the line of a list, the cell of a grid), "(hidden)" before it when it is not on
+// screen, and each text said without moving the focus.
+class ScreenReader {
+  public:
+    ScreenReader();
+    ~ScreenReader();
+    ScreenReader(const ScreenReader&) = delete;
+    ScreenReader& operator=(const ScreenReader&) = delete;
+    QStringList heard();  // as the turn ends, when what is said is said
+
+  private:
+    static void Hear(QAccessibleEvent* event);
+    QStringList heard_;
+};
 
 }  // namespace gui::testing

@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QTemporaryDir>
 #include <QTest>
+#include <functional>
 
 #include "gui/dialogs.h"
 #include "gui/seams.h"
@@ -13,6 +14,8 @@
 #include "wizard/open_fixture.h"
 
 using namespace gui::testing;
+using Act = std::function<void(MainForm&)>;
+Q_DECLARE_METATYPE(Act)
 
 class TestDesktop : public FormFixture {
     Q_OBJECT
@@ -85,6 +88,59 @@ class TestDesktop : public FormFixture {
         Announced(form().main);
         goToPage(page);
         QCOMPARE(Announced(form().main), heard);
+    }
+
+    // What a screen reader hears of an act, on a page made ready by what comes first: where
+    // the focus goes and what is said.
+    void heardOfAct_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<Act>("first");
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QStringList>("heard");
+        const auto add = [](const char* row, int page, Act first, Act act, QStringList heard) {
+            QTest::newRow(row) << page << first << act << heard;
+        };
+        const Act onToOfRow1 = [](MainForm& f) { ClickCell(f.range, 1, 2); };
+        add("a key opens the range editor", 6, onToOfRow1, [](MainForm&) { TypeKeys("7"); },
+            {"to, row 1"});
+        add("the presets open", 2, {}, [](MainForm& f) { Click(f.adddef); },
+            {"add default", "ADD Default types and settings (dmx will be auto incremented)"});
+        const Act threeChannelsOnRow4 = [](MainForm& f) {
+            Click(f.adddef);
+            Click(f.Command6[7]);  // RGB
+            ClickCell(f.table, 4, 1);
+        };
+        add("a line deleted", 2, threeChannelsOnRow4, [](MainForm& f) { Click(f.delete_); },
+            {"delete line", "2 channels"});
+        const auto press = [](Qt::Key key) { return Act([key](MainForm&) { PressKey(key); }); };
+        const Act openSplit = [](MainForm&) {  // from the range grid
+            PressKey(Qt::Key_Tab);
+            PressKey(Qt::Key_Return);
+        };
+        const Act splitInFourToOk = [openSplit](MainForm& f) {
+            openSplit(f);
+            TypeKeys("4");
+            for (int tabs = 0; tabs < 5 && FocusName() != u"rgo"; ++tabs) PressKey(Qt::Key_Tab);
+        };
+        add("an auto split by keys", 6, splitInFourToOk, press(Qt::Key_Return),
+            {"Ranges", "4 ranges"});
+        const Act openSplitAndLeave = [openSplit](MainForm& f) {
+            openSplit(f);
+            LeaveAndComeBack(f.main);
+        };
+        add("an auto split cancelled after a visit to another window", 6, openSplitAndLeave,
+            press(Qt::Key_Escape), {"auto split"});
+    }
+    void heardOfAct() {
+        QFETCH(int, page);
+        QFETCH(Act, first);
+        QFETCH(Act, act);
+        QFETCH(QStringList, heard);
+        goToPage(page);
+        if (first) first(form());
+        ScreenReader reader;
+        act(form());
+        QCOMPARE(reader.heard(), heard);
     }
 
     // What a screen reader reads of the window, the name field and the fixture types.
