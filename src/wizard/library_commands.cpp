@@ -52,7 +52,8 @@ QString ModeName(const QString& path, const input::QxfMode& mode) {
 }
 
 QString FirstLine(const QString& lines) {
-    return lines.section(QStringLiteral("\r\n"), 0, 0);
+    // Found, not split: a text of millions of lines makes no list of them.
+    return lines.left(lines.indexOf(QLatin1String("\r\n")));
 }
 
 // Letters that are no Latin letter with a mark, so that taking the marks away leaves them as
