@@ -14,11 +14,15 @@ bool LooksLikeXml(const QByteArray& bytes) {
     // The start as text, in the encoding the XML reader will take: the one a byte-order mark
     // names, UTF-16 or UTF-32 when "<" is spelled so, else UTF-8. A fixture file never
     // starts with "<", every XML document does (its declaration, a comment or the root).
+    const auto encoding = QStringConverter::encodingForData(bytes, u'<');
+    if (!encoding || *encoding == QStringConverter::Utf8) {
+        QByteArrayView head(bytes);
+        if (head.startsWith("\xEF\xBB\xBF")) head = head.sliced(3);
+        return head.trimmed().startsWith('<');
+    }
     constexpr qsizetype kHead = 256;
-    const auto encoding =
-        QStringConverter::encodingForData(bytes, u'<').value_or(QStringConverter::Utf8);
-    const QString head = QStringDecoder(encoding)(QByteArrayView(bytes).first(
-        std::min(bytes.size(), kHead)));  // the byte-order mark is left out
+    const QString head =  // the byte-order mark is left out
+        QStringDecoder(*encoding)(QByteArrayView(bytes).first(std::min(bytes.size(), kHead)));
     return QStringView(head).trimmed().startsWith(u'<');
 }
 
@@ -115,15 +119,17 @@ class QxfParser {
                 xml_.skipCurrentElement();
             }
         }
-        // A head lists its channels by their Number.
         mode.heads.fill(-1, mode.channels.size());
-        QHash<int, int> place;  // the first channel of each Number
-        for (int i = heads.isEmpty() ? -1 : static_cast<int>(mode.numbers.size()) - 1; i >= 0; --i)
-            if (mode.numbers[i] >= 0) place.insert(mode.numbers[i], i);
-        for (int head = 0; head < heads.size(); ++head)
-            for (const int number : heads[head])
-                if (const auto found = place.constFind(number); found != place.constEnd())
-                    mode.heads[*found] = head;
+        if (!heads.isEmpty()) {
+            // A head lists its channels by their Number.
+            QHash<int, int> place;  // the first channel of each Number
+            for (int i = static_cast<int>(mode.numbers.size()) - 1; i >= 0; --i)
+                if (mode.numbers[i] >= 0) place.insert(mode.numbers[i], i);
+            for (int head = 0; head < heads.size(); ++head)
+                for (const int number : heads[head])
+                    if (const auto found = place.constFind(number); found != place.constEnd())
+                        mode.heads[*found] = head;
+        }
         fixture_.modes.append(std::move(mode));
     }
 
