@@ -275,7 +275,8 @@ class ModeMapper {
                     QStringLiteral("the mode \"%1\" has no channel").arg(OneLine(mode_.name))};
         if (mode_.channels.size() > common::kMaxChannelRows)
             return {std::nullopt,
-                    QStringLiteral("the mode has more channels than the table holds")};
+                    QStringLiteral("the mode \"%1\" has more channels than the table holds")
+                        .arg(OneLine(mode_.name))};
         for (int i = 0; i < mode_.channels.size(); ++i) {
             const QString& name = mode_.channels[i];
             const QxfChannel* source = fixture_.channel(name);

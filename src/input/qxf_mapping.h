@@ -11,8 +11,10 @@
 
 namespace input {
 
-// The pages for mode `mode` (from 0) of `fixture`; refused when the mode names a channel the
-// fixture does not define or has no channel at all.
+// The pages for mode `mode` (from 0) of `fixture`; refused, with the mode's name in the reason,
+// when the mode has no channel at all or more than the table holds, names a channel the fixture
+// does not define, or gives a channel no Number or one whose offset (Number + 1) lies beyond the
+// offsets the grid takes.
 ReadOutcome MapQxfMode(const QxfFixture& fixture, int mode);
 
 // The mode that `choice` names: its exact name first, else its number counted from 1.
