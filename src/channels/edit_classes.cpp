@@ -18,8 +18,8 @@ constexpr std::array<Bounds, 7> kBounds{{
     {0, -1},
     {0, 100},
     {-1, 255},
-    {1, 511},
-    {0, 511},
+    {1, common::kHighestOffset},
+    {0, common::kHighestOffset},
     {1, 20},
 }};
 

@@ -31,6 +31,8 @@ inline constexpr int kChannelColumns = 15;
 
 // Row counters are 16 bits wide: the grid holds at most this many channel rows.
 inline constexpr int kMaxChannelRows = 32767;
+// The highest offset the cell editor takes in dmx1 and dmx2.
+inline constexpr int kHighestOffset = 511;
 // The attribute label reaches the file cut to this many characters.
 inline constexpr int kLabelLength = 12;
 // The page index of the finish page, where the file is saved and the advice shows.

@@ -15,6 +15,10 @@ enum class FixtureType { kNone, kMovingHead, kMirror, kOther };
 // The length limits of the boxes on the first page.
 inline constexpr int kNameLength = 30;  // manufacturer and model
 inline constexpr int kNameOnDeskLength = 11;
+// The patch text box holds at most this many characters, a line end as the two of CR LF: as
+// many as a 16-bit counter counts. The desk shows a few lines, and a text box lays out every
+// line it holds, which for megabytes of lines takes a long while and much memory.
+inline constexpr int kMaxPatchTextLength = 32767;
 
 struct Fixture {
     QString manufacturer;

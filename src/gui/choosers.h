@@ -18,8 +18,9 @@ struct OpenDialog {
     bool ShowOpen();
 };
 
-// A modal list of `lines`, the first selected, under `title`; `listName` is what a screen
+// A modal list of `lines`, line `current` selected, under `title`; `listName` is what a screen
 // reader calls the list. The index picked with Enter, OK or a double click; -1 for Escape.
-int ChooseFromList(const QString& title, const QString& listName, const QStringList& lines);
+int ChooseFromList(const QString& title, const QString& listName, const QStringList& lines,
+                   int current = 0);
 
 }  // namespace gui

@@ -312,6 +312,7 @@ void TextBox::create(Control& parent, const QString& name, const Look& look) {
             multi_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         }
         ApplyColours(multi_, look, QPalette::Text, QPalette::Base);
+        multi_->setMaxLength(look.maxLength);
         setText(look.caption);
         return;
     }

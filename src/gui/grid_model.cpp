@@ -62,7 +62,15 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
-    if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole || role == Qt::ToolTipRole)
+    if (role == Qt::DisplayRole) {
+        // A cell shows no more than a screen is wide: the view lays out and elides what it is
+        // given, which for a comment of megabytes takes seconds at every paint.
+        constexpr qsizetype kShown = 1000;
+        const QString& text = Cell(index.row() + 1, index.column() + 1);
+        if (text.size() <= kShown) return text;
+        return text.left(kShown - text[kShown - 1].isHighSurrogate());
+    }
+    if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole)
         return Cell(index.row() + 1, index.column() + 1);
     if (role == Qt::BackgroundRole) return QGuiApplication::palette().base();
     if (role == Qt::TextAlignmentRole)

@@ -14,8 +14,11 @@ FixtureSource ReadFixtureSource(const QString& path) {
     ReadOutcome read = ReadFixtureBytes(*file.bytes);
     // Whoever names a file .qxf means a QLC+ fixture: when it is neither kind, what it lacks
     // as XML says more than the first line that is no line of a fixture file.
-    if (!read.fixture && path.endsWith(QLatin1String(".qxf"), Qt::CaseInsensitive))
-        read.error = ReadQxfBytes(*file.bytes).error;
+    if (!read.fixture && path.endsWith(QLatin1String(".qxf"), Qt::CaseInsensitive)) {
+        QxfOutcome xml = ReadQxfBytes(*file.bytes);
+        if (xml.fixture) return {std::nullopt, std::move(xml.fixture), {}};
+        read.error = xml.error;
+    }
     return {std::move(read.fixture), std::nullopt, read.error};
 }
 

@@ -1,9 +1,12 @@
 #include "input/qxf_mapping.h"
 
 #include <QSet>
+#include <algorithm>
 #include <array>
+#include <map>
 
 #include "common/channel_presets.h"
+#include "common/code_page.h"
 #include "input/channel_lines.h"
 
 namespace input {
@@ -130,6 +133,7 @@ struct ModeChannel {
     bool master;
     bool fine;
     int head;
+    int offset;  // dmx1 of its row, or dmx2 of a fine channel folded into a coarse one
 };
 
 // One row of the grid under construction.
@@ -185,13 +189,6 @@ const QList<Slot>& SlotOrder() {
     return kOrder;
 }
 
-// Text as one line of a box: line breaks and other control characters become blanks.
-QString OneLine(QString text) {
-    for (QChar& c : text)
-        if (c.unicode() < 0x20) c = u' ';
-    return text;
-}
-
 // At most `length` UTF-16 units, never half a surrogate pair.
 QString Cut(const QString& text, qsizetype length) {
     QString cut = text.left(length);
@@ -199,12 +196,22 @@ QString Cut(const QString& text, qsizetype length) {
     return cut;
 }
 
-// A channel name that can stand as the label of a line: it fits, and the line keeps it whole.
-bool FitsLabel(const QString& name) {
-    if (name.isEmpty() || name.size() > 12 || name != name.trimmed()) return false;
-    for (const QChar c : name)
-        if (c.unicode() < 0x20 || c == u'"') return false;
-    return true;
+// A channel name as the label of a line: the name without its outer blanks, when what remains
+// fits the label's characters in the code page and the line keeps it whole; else nothing.
+std::optional<QString> LabelOf(const QString& name) {
+    qsizetype start = 0, end = name.size();
+    while (start < end && name[start] == u' ') ++start;
+    while (end > start && name[end - 1] == u' ') --end;
+    const QString label = name.sliced(start, end - start);
+    qsizetype characters = 0;
+    for (const QChar c : label) {
+        if (c.unicode() < 0x20 || c == u'"') return std::nullopt;
+        characters += !c.isLowSurrogate();
+    }
+    if (label.isEmpty() || characters > common::kLabelLength ||
+        FromFileBytes(ToFileBytes(label)) != label)
+        return std::nullopt;
+    return label;
 }
 
 QString LettersAndDigits(const QString& text) {
@@ -214,6 +221,49 @@ QString LettersAndDigits(const QString& text) {
     return kept;
 }
 
+// The coarse channels of one kind and head, in mode order, each paired at most once. A paired
+// one links to its neighbour, and every walk over such links shortens them, so that a mode of
+// thousands of fine channels pairs them in one pass.
+class CoarseChannels {
+  public:
+    void add(int place) {
+        const int at = static_cast<int>(places_.size());
+        places_.append(place);
+        before_.append(at);
+        after_.append(at);
+    }
+
+    // The nearest unpaired one before `place`, else the nearest after it, now paired; -1 for
+    // none.
+    int pairNearest(int place) {
+        const int end = static_cast<int>(places_.size());
+        if (after_.size() == end) after_.append(end);  // "none after"
+        const int at = static_cast<int>(std::lower_bound(places_.cbegin(), places_.cend(), place) -
+                                        places_.cbegin());
+        int found = at > 0 ? Walk(before_, at - 1) : -1;
+        if (found < 0) found = Walk(after_, at);
+        if (found == end) return -1;
+        before_[found] = found - 1;
+        after_[found] = found + 1;
+        return places_[found];
+    }
+
+  private:
+    // From `from` to the first that links to itself, or to -1 for none.
+    static int Walk(QList<int>& links, int from) {
+        while (from >= 0 && links[from] != from) {
+            const int next = links[from];
+            if (next >= 0) links[from] = links[next];
+            from = next;
+        }
+        return from;
+    }
+
+    QList<int> places_;
+    QList<int> before_;  // itself while unpaired, then the one before it (-1 for none)
+    QList<int> after_;   // itself while unpaired, then the one after it; last: "none after"
+};
+
 class ModeMapper {
   public:
     ModeMapper(const QxfFixture& fixture, int mode)
@@ -221,20 +271,39 @@ class ModeMapper {
 
     ReadOutcome map() {
         if (mode_.channels.isEmpty())
-            return {std::nullopt, QStringLiteral("the mode \"%1\" has no channel").arg(mode_.name)};
+            return {std::nullopt,
+                    QStringLiteral("the mode \"%1\" has no channel").arg(OneLine(mode_.name))};
         if (mode_.channels.size() > common::kMaxChannelRows)
             return {std::nullopt,
-                    QStringLiteral("the mode has more channels than the table holds")};
+                    QStringLiteral("the mode \"%1\" has more channels than the table holds")
+                        .arg(OneLine(mode_.name))};
         for (int i = 0; i < mode_.channels.size(); ++i) {
-            const QxfChannel* source = fixture_.channel(mode_.channels[i]);
+            const QString& name = mode_.channels[i];
+            const QxfChannel* source = fixture_.channel(name);
             if (!source) {
                 return {std::nullopt,
                         QStringLiteral("the mode \"%1\" names the channel \"%2\", which the "
                                        "fixture does not define")
-                            .arg(mode_.name, mode_.channels[i])};
+                            .arg(OneLine(mode_.name), OneLine(name))};
+            }
+            // The Number is the channel's offset from 0, gaps and all: dmx1 = Number + 1.
+            const int offset = mode_.numbers.value(i, -1) + 1;
+            if (offset < 1) {
+                return {std::nullopt,
+                        QStringLiteral("the mode \"%1\" gives the channel \"%2\" no Number")
+                            .arg(OneLine(mode_.name), OneLine(name))};
+            }
+            if (offset > common::kHighestOffset) {
+                return {std::nullopt,
+                        QStringLiteral("the mode \"%1\" puts the channel \"%2\" at DMX offset "
+                                       "%3, beyond the %4 offsets of the channel table")
+                            .arg(OneLine(mode_.name), OneLine(name))
+                            .arg(offset)
+                            .arg(common::kHighestOffset)};
             }
             const Classified c = Classify(*source);
-            channels_.append({source, c.kind, c.master, source->fine, mode_.heads.value(i, -1)});
+            channels_.append(
+                {source, c.kind, c.master, source->fine, mode_.heads.value(i, -1), offset});
         }
         chooseHtp();
         buildRows();
@@ -252,7 +321,9 @@ class ModeMapper {
             file.channels.appendRow();
             for (int col = 0; col < texts.size(); ++col) file.channels.setCell(at, col, texts[col]);
         }
-        file.patchText = OneLine(mode_.name) + QString::fromLatin1(common::kDefaultPatchText);
+        // The mode's name as long as the patch text box takes it.
+        const QLatin1String rest(common::kDefaultPatchText);
+        file.patchText = OneLine(Cut(mode_.name, common::kMaxPatchTextLength - rest.size())) + rest;
         return {std::move(file), QString()};
     }
 
@@ -273,18 +344,13 @@ class ModeMapper {
         const int count = static_cast<int>(channels_.size());
         QList<int> partner(count, -1);  // for a coarse channel, its fine one
         QList<int> folded(count, -1);   // for a fine channel, the coarse one it joined
-        auto fits = [&](int fine, int coarse) {
-            const ModeChannel& a = channels_[fine];
-            const ModeChannel& b = channels_[coarse];
-            return !b.fine && partner[coarse] < 0 && a.kind == b.kind && a.head == b.head;
-        };
+        std::map<std::pair<const Kind*, int>, CoarseChannels> coarse;  // by kind and head
+        for (int i = 0; i < count; ++i)
+            if (!channels_[i].fine) coarse[{channels_[i].kind, channels_[i].head}].add(i);
         for (int i = 0; i < count; ++i) {
             if (!channels_[i].fine) continue;
-            int found = -1;
-            for (int j = i - 1; j >= 0 && found < 0; --j)
-                if (fits(i, j)) found = j;
-            for (int j = i + 1; j < count && found < 0; ++j)
-                if (fits(i, j)) found = j;
+            const auto group = coarse.find({channels_[i].kind, channels_[i].head});
+            const int found = group == coarse.end() ? -1 : group->second.pairNearest(i);
             if (found < 0) continue;
             partner[found] = i;
             // The HTP dimmer stays 8-bit: its low byte is written as a row of its own.
@@ -361,14 +427,17 @@ class ModeMapper {
                 CellsOf(c.kind->presets[std::min(row.occurrence, presets - 1)]);
             channelType = cells.channelType;
             tail = cells.tail;
-            if (!firstOfKind(row) && FitsLabel(c.source->name)) tail[3] = c.source->name;
+            const std::optional<QString> own =
+                firstOfKind(row) ? std::nullopt : LabelOf(c.source->name);
+            if (own) tail[3] = *own;
             if (c.kind == &kDimmer && !row.htp)
                 channelType = QString::fromLatin1(common::kFadeableType);
         } else {
             QString label =
                 row.dimmerFine ? QStringLiteral("Dimmer fine") : QString::fromLatin1(c.kind->name);
-            if (row.occurrence > 0 && c.kind != &kNothing && FitsLabel(c.source->name))
-                label = c.source->name;
+            const std::optional<QString> own =
+                row.occurrence > 0 && c.kind != &kNothing ? LabelOf(c.source->name) : std::nullopt;
+            if (own) label = *own;
             if (c.kind == &kNothing) channelType = QString::fromLatin1(common::kIndexedType);
             tail = {QStringLiteral("0>"),
                     {},
@@ -385,8 +454,9 @@ class ModeMapper {
         tail[1] = QString::number(row.key);
         tail[2] = QString::number(row.wheel);
         tail[10] = OneLine(c.source->name);
-        return QStringList{QStringLiteral("#"), QString::number(row.channel + 1),
-                           QString::number(row.fine + 1), channelType} +
+        const int fineOffset = row.fine < 0 ? 0 : channels_[row.fine].offset;
+        return QStringList{QStringLiteral("#"), QString::number(c.offset),
+                           QString::number(fineOffset), channelType} +
                tail;
     }
 
@@ -434,21 +504,21 @@ std::optional<int> FindQxfMode(const QxfFixture& fixture, const QString& choice)
     return std::nullopt;
 }
 
+QString OneLine(QString text) {
+    for (QChar& c : text)
+        if (c.unicode() < 0x20) c = u' ';
+    return text;
+}
+
 QString QxfNameOnDesk(const QxfFixture& fixture, int mode) {
     constexpr int kLength = 11;
     QString base = LettersAndDigits(fixture.model);
     if (base.isEmpty()) base = LettersAndDigits(fixture.manufacturer);
     if (base.isEmpty()) base = QStringLiteral("FIXTURE");
     if (fixture.modes.size() < 2) return base.left(kLength);
-    const qsizetype count = fixture.modes[mode].channels.size();
-    QString suffix = u'-' + QString::number(count);
-    int same = 0, before = 0;
-    for (int i = 0; i < fixture.modes.size(); ++i) {
-        if (fixture.modes[i].channels.size() != count) continue;
-        ++same;
-        if (i < mode) ++before;
-    }
-    if (same > 1) suffix += QChar(u'A' + std::min(before, 25));
+    QString suffix = u'-' + QString::number(fixture.modes[mode].channels.size());
+    const QxfFixture::SameCount same = fixture.sameCount(mode);
+    if (same.modes > 1) suffix += QChar(u'A' + std::min(same.before, 25));
     return base.left(kLength - suffix.size()) + suffix;
 }
 

@@ -1,5 +1,6 @@
 #include "input/qxf_reader.h"
 
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 namespace input {
@@ -10,11 +11,19 @@ const QxfChannel* QxfFixture::channel(const QString& name) const {
 }
 
 bool LooksLikeXml(const QByteArray& bytes) {
-    QByteArrayView head(bytes);
-    if (head.startsWith("\xEF\xBB\xBF")) head = head.sliced(3);
-    head = head.trimmed();
-    return head.startsWith("<?xml") || head.startsWith("<!DOCTYPE") ||
-           head.startsWith("<FixtureDefinition");
+    // The start as text, in the encoding the XML reader will take: the one a byte-order mark
+    // names, UTF-16 or UTF-32 when "<" is spelled so, else UTF-8. A fixture file never
+    // starts with "<", every XML document does (its declaration, a comment or the root).
+    const auto encoding = QStringConverter::encodingForData(bytes, u'<');
+    if (!encoding || *encoding == QStringConverter::Utf8) {
+        QByteArrayView head(bytes);
+        if (head.startsWith("\xEF\xBB\xBF")) head = head.sliced(3);
+        return head.trimmed().startsWith('<');
+    }
+    constexpr qsizetype kHead = 256;
+    const QString head =  // the byte-order mark is left out
+        QStringDecoder(*encoding)(QByteArrayView(bytes).first(std::min(bytes.size(), kHead)));
+    return QStringView(head).trimmed().startsWith(u'<');
 }
 
 // One pass over the XML. Elements the import does not use (capabilities, the creator,
@@ -52,6 +61,7 @@ class QxfParser {
         if (xml_.hasError()) return fail();
         if (fixture_.modes.isEmpty())
             return {std::nullopt, QStringLiteral("the fixture has no mode")};
+        countModes();
         return {std::move(fixture_), QString()};
     }
 
@@ -89,6 +99,10 @@ class QxfParser {
         while (xml_.readNextStartElement()) {
             const QStringView name = xml_.name();
             if (name == u"Channel") {
+                bool whole = false;
+                const int number =
+                    xml_.attributes().value(QLatin1String("Number")).trimmed().toInt(&whole);
+                mode.numbers.append(whole && number >= 0 ? number : -1);
                 mode.channels.append(xml_.readElementText());
             } else if (name == u"Head") {
                 QList<int> numbers;
@@ -106,10 +120,27 @@ class QxfParser {
             }
         }
         mode.heads.fill(-1, mode.channels.size());
-        for (int head = 0; head < heads.size(); ++head)
-            for (const int number : heads[head])
-                if (number >= 0 && number < mode.heads.size()) mode.heads[number] = head;
+        if (!heads.isEmpty()) {
+            // A head lists its channels by their Number.
+            QHash<int, int> place;  // the first channel of each Number
+            for (int i = static_cast<int>(mode.numbers.size()) - 1; i >= 0; --i)
+                if (mode.numbers[i] >= 0) place.insert(mode.numbers[i], i);
+            for (int head = 0; head < heads.size(); ++head)
+                for (const int number : heads[head])
+                    if (const auto found = place.constFind(number); found != place.constEnd())
+                        mode.heads[*found] = head;
+        }
         fixture_.modes.append(std::move(mode));
+    }
+
+    // Counted once here, so that naming every mode of a fixture of many modes takes no
+    // look at all the others for each.
+    void countModes() {
+        QHash<qsizetype, int> seen;  // modes by their number of channels
+        for (const QxfMode& mode : fixture_.modes)
+            fixture_.sameCount_.append({0, seen[mode.channels.size()]++});
+        for (qsizetype i = 0; i < fixture_.modes.size(); ++i)
+            fixture_.sameCount_[i].modes = seen[fixture_.modes[i].channels.size()];
     }
 
     QString readFocusType() {

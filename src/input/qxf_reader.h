@@ -22,6 +22,7 @@ struct QxfChannel {
 struct QxfMode {
     QString name;
     QStringList channels;  // the channel names in the mode's order
+    QList<int> numbers;    // for each of them its Number, the offset from 0; -1 for none
     QList<int> heads;      // for each of them the head it belongs to, from 0; -1 for none
     QString focusType;     // the Focus Type of the mode's own Physical, empty when none
 };
@@ -37,9 +38,18 @@ struct QxfFixture {
     // The channel of that exact name, nothing when the fixture defines none.
     const QxfChannel* channel(const QString& name) const;
 
+    // Of the modes with as many channels as mode `mode`: how many there are, and how many of
+    // them come before it, as the reader counted them.
+    struct SameCount {
+        int modes = 1;
+        int before = 0;
+    };
+    SameCount sameCount(int mode) const { return sameCount_.value(mode); }
+
   private:
     friend class QxfParser;
     QHash<QString, qsizetype> byName_;
+    QList<SameCount> sameCount_;
 };
 
 struct QxfOutcome {
@@ -47,7 +57,8 @@ struct QxfOutcome {
     QString error;  // why the file was refused; "line 12: ..." for a fault in the XML
 };
 
-// True when the bytes are XML rather than the lines of a written fixture file.
+// True when the bytes are XML rather than the lines of a written fixture file, in whatever
+// encoding the XML reader takes.
 bool LooksLikeXml(const QByteArray& bytes);
 
 QxfOutcome ReadQxfBytes(const QByteArray& bytes);

@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QTemporaryFile>
 #include <algorithm>
+#include <functional>
 #ifdef Q_OS_WIN
 #include <io.h>
 #define isatty _isatty
@@ -47,11 +48,12 @@ struct Job {
 };
 
 QString ModeName(const QString& path, const input::QxfMode& mode) {
-    return QStringLiteral("%1 (mode \"%2\")").arg(path, mode.name);
+    return QStringLiteral("%1 (mode \"%2\")").arg(path, input::OneLine(mode.name));
 }
 
 QString FirstLine(const QString& lines) {
-    return lines.section(QStringLiteral("\r\n"), 0, 0);
+    // Found, not split: a text of millions of lines makes no list of them.
+    return lines.left(lines.indexOf(QLatin1String("\r\n")));
 }
 
 // Letters that are no Latin letter with a mark, so that taking the marks away leaves them as
@@ -132,20 +134,21 @@ std::optional<QString> WhyNoFilesIn(const QString& folder) {
     return std::nullopt;
 }
 
-// Every fixture a file brings: the file itself when it is a written fixture file, each mode
-// of a QLC+ fixture (or the one `mode` names), or the reason it brings none.
-QList<Job> JobsOf(const QString& path, const QString& mode) {
+// Every fixture a file brings, handed to `take` one at a time: the file itself when it is a
+// written fixture file, each mode of a QLC+ fixture (or the one `mode` names), or the reason it
+// brings none. A mode is mapped only when its turn comes, so that a fixture of many thousand
+// modes never has them all in memory at once.
+void ForEachJob(const QString& path, const QString& mode, const std::function<void(Job&&)>& take) {
     input::FixtureSource source = input::ReadFixtureSource(path);
-    QList<Job> jobs;
     if (source.written) {
         const common::Fixture& f = *source.written;
         QString stem = Stem(f.manufacturer, f.model, FirstLine(f.patchText));
-        jobs.append({path, std::move(stem), std::move(source.written), {}});
-        return jobs;
+        take({path, std::move(stem), std::move(source.written), {}});
+        return;
     }
     if (!source.qxf) {
-        jobs.append({path, {}, std::nullopt, source.error});
-        return jobs;
+        take({path, {}, std::nullopt, source.error});
+        return;
     }
     const input::QxfFixture& fixture = *source.qxf;
     QList<int> modes;
@@ -154,17 +157,14 @@ QList<Job> JobsOf(const QString& path, const QString& mode) {
     } else if (const std::optional<int> found = input::FindQxfMode(fixture, mode)) {
         modes << *found;
     } else {
-        jobs.append(
-            {path, {}, std::nullopt, QStringLiteral("the fixture has no mode \"%1\"").arg(mode)});
-        return jobs;
+        take({path, {}, std::nullopt, QStringLiteral("the fixture has no mode \"%1\"").arg(mode)});
+        return;
     }
     for (const int i : modes) {
         input::ReadOutcome mapped = input::MapQxfMode(fixture, i);
         const QString stem = Stem(fixture.manufacturer, fixture.model, fixture.modes[i].name);
-        jobs.append(
-            {ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
+        take({ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
     }
-    return jobs;
 }
 
 // `text` cut to `length` characters in its middle, so that the start and the end of a path or
@@ -320,8 +320,8 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
         const QString canonical = QFileInfo(path).canonicalFilePath();
         if (canonical.isEmpty() || !converted.contains(canonical)) {
             converted.insert(canonical);
-            for (Job& job : JobsOf(path, line.mode))
-                Convert(job, target, line.force, given, reports);
+            ForEachJob(path, line.mode,
+                       [&](Job&& job) { Convert(job, target, line.force, given, reports); });
         }
         reports.fileDone();
     }
@@ -331,10 +331,10 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
 int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
     Reports reports(streams, line.files.size());
     for (const QString& path : line.files) {
-        for (Job& job : JobsOf(path, line.mode)) {
+        ForEachJob(path, line.mode, [&](Job&& job) {
             if (!job.fixture) {
                 reports.refuse(QStringLiteral("%1: %2"), {job.name, job.error});
-                continue;
+                return;
             }
             // The advice looks at no comment: only the degrees change on the way there.
             ApplyTypeDegrees(*job.fixture);
@@ -342,7 +342,7 @@ int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams)
             if (!advice.isEmpty()) reports.markFailed();
             reports.say(job.name + QStringLiteral(": ") +
                         (advice.isEmpty() ? QStringLiteral("ok") : advice));
-        }
+        });
         reports.fileDone();
     }
     return reports.exitCode();

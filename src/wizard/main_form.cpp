@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "common/channel_presets.h"
+#include "common/fixture.h"
 
 using gui::Align;
 using gui::Look;
@@ -134,7 +135,7 @@ MainForm::MainForm() {
     Label6.create(p3, "Label6", {.caption = "Total number of dmx channels is", .left = 600, .top = 360, .width = 2535, .height = 495, .bold = true, .coveredRight = 615});
     dmxchannels.create(p3, "dmxchannels", {.caption = "99", .left = 2520, .top = 360, .width = 615, .height = 375, .points = 13.5, .bold = true, .fore = 0x000000, .back = 0xC0C0C0, .align = Align::Centre});
     Label24.create(p3, "Label24", {.caption = "Add your own text that will be displayed on the desk when patching the fixture", .left = 600, .top = 1080, .width = 3615, .height = 615});
-    patchdisplay.create(p3, "patchdisplay", {.caption = kPatchText, .left = 4320, .top = 360, .width = 3015, .height = 2175, .points = 9.75, .bold = true, .fore = 0xFFFFC0, .back = 0x8080FF, .align = Align::Centre, .multiLine = true});
+    patchdisplay.create(p3, "patchdisplay", {.caption = kPatchText, .left = 4320, .top = 360, .width = 3015, .height = 2175, .points = 9.75, .bold = true, .fore = 0xFFFFC0, .back = 0x8080FF, .align = Align::Centre, .maxLength = common::kMaxPatchTextLength, .multiLine = true});
     Label25.create(p3, "Label25", {.caption = "Add more comments that will be inserted in the file, if you want ", .left = 360, .top = 2760, .width = 4575, .height = 255});
     morecomment.create(p3, "morecomment", {.left = 360, .top = 3120, .width = 8895, .height = 1095, .multiLine = true, .scrollBars = true});
     Label26.create(p3, "Label26", {.caption = "How to continue??????", .left = 360, .top = 4440, .width = 3495, .height = 375, .points = 12, .bold = true});

@@ -64,28 +64,50 @@ void Refuse(MainForm& f, const QString& path, const QString& reason) {
                 {.icon = gui::MsgIcon::Critical}, f.main.Caption());
 }
 
-// The mode of a QLC+ fixture that fills the pages: the one `choice` names, the only one, or
-// the one the user picks from the list. Nothing when there is none or the user left the list.
-std::optional<int> PickMode(MainForm& f, const QString& path, const input::QxfFixture& fixture,
-                            const QString& choice) {
+// The line of the list for a mode: its name as one line, cut where a line of a list ends
+// being readable, and how many channels it has.
+QString ModeLine(const input::QxfMode& mode) {
+    constexpr qsizetype kLongest = 100;
+    QString line = input::OneLine(mode.name.left(kLongest));
+    if (mode.name.size() > kLongest) line += u'\u2026';
+    const qsizetype count = mode.channels.size();
+    if (count == 0) return line + QStringLiteral(" (no channels)");
+    return line + QStringLiteral(" (%1 channel%2)").arg(count).arg(count == 1 ? "" : "s");
+}
+
+// The pages from a mode of a QLC+ fixture: the one `choice` names, the only one, or the one
+// the user picks from the list. A picked mode that cannot fill the pages says why and the list
+// comes back, so a file is never refused for one mode of many. Nothing when there is no such
+// mode or the user left the list.
+std::optional<common::Fixture> PickMode(MainForm& f, const QString& path,
+                                        const input::QxfFixture& fixture, const QString& choice) {
+    const auto mapped = [&](int mode) {
+        input::ReadOutcome read = input::MapQxfMode(fixture, mode);
+        if (!read.fixture) Refuse(f, path, read.error);
+        return std::move(read.fixture);
+    };
     if (!choice.isEmpty()) {
         const std::optional<int> found = input::FindQxfMode(fixture, choice);
-        if (!found) Refuse(f, path, QStringLiteral("the fixture has no mode \"%1\"").arg(choice));
-        return found;
+        if (found) return mapped(*found);
+        Refuse(f, path, QStringLiteral("the fixture has no mode \"%1\"").arg(choice));
+        return std::nullopt;
     }
-    if (fixture.modes.size() == 1) return 0;
+    if (fixture.modes.size() == 1) return mapped(0);
     QStringList lines;
-    for (const input::QxfMode& mode : fixture.modes) {
-        const qsizetype count = mode.channels.size();
-        lines << QStringLiteral("%1 (%2 channel%3)")
-                     .arg(mode.name)
-                     .arg(count)
-                     .arg(count == 1 ? "" : "s");
+    lines.reserve(fixture.modes.size());
+    for (const input::QxfMode& mode : fixture.modes) lines << ModeLine(mode);
+    // Titled with the names as the pages show them.
+    const QString title = input::OneLine(fixture.manufacturer.left(common::kNameLength) + u' ' +
+                                         fixture.model.left(common::kNameLength));
+    for (int picked = 0;;) {
+        picked = gui::ChooseFromList(title, QStringLiteral("Modes"), lines, picked);
+        if (picked < 0) return std::nullopt;
+        input::ReadOutcome read = input::MapQxfMode(fixture, picked);
+        if (read.fixture) return std::move(read.fixture);
+        gui::MsgBox(QStringLiteral("This mode cannot fill the pages: %1. Choose another one.")
+                        .arg(read.error),
+                    {.icon = gui::MsgIcon::Warning}, f.main.Caption());
     }
-    const int picked = gui::ChooseFromList(fixture.manufacturer + u' ' + fixture.model,
-                                           QStringLiteral("Modes"), lines);
-    if (picked < 0) return std::nullopt;
-    return picked;
 }
 
 }  // namespace
@@ -111,17 +133,18 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
     const bool written = source.written.has_value();
     std::optional<common::Fixture> file = std::move(source.written);
     if (source.qxf) {
-        const std::optional<int> picked = PickMode(f, path, *source.qxf, mode);
-        if (!picked) return false;
-        input::ReadOutcome mapped = input::MapQxfMode(*source.qxf, *picked);
-        if (!mapped.fixture) {
-            Refuse(f, path, mapped.error);
-            return false;
-        }
-        file = std::move(mapped.fixture);
+        file = PickMode(f, path, *source.qxf, mode);
+        if (!file) return false;
     }
     if (!file) {
         Refuse(f, path, source.error);
+        return false;
+    }
+    if (file->patchText.size() > common::kMaxPatchTextLength) {
+        Refuse(f, path,
+               QStringLiteral("its patch text holds %1 characters, more than the box takes (%2)")
+                   .arg(file->patchText.size())
+                   .arg(common::kMaxPatchTextLength));
         return false;
     }
     // A value still in the cell editor is something typed too: stored first, as a click

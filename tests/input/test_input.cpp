@@ -88,6 +88,11 @@ class TestInput : public FormFixture {
         QByteArray none = hand;
         none.remove(none.indexOf("       1"), none.indexOf("END") - none.indexOf("       1"));
         QTest::newRow("no channel lines") << none << "" << read + "1||||||||||||||";
+        // The box lays out every line it holds: a file with more text than it takes is refused.
+        QTest::newRow("a patch text beyond the box")
+            << QByteArray(hand).replace("hi", QByteArray(32768, 'x'))
+            << "its patch text holds 32768 characters, more than the box takes (32767)"
+            << QString();
         QTest::newRow("junk") << QByteArray("\x89PNG\r\n") << "line 1: DEVICE expected"
                               << QString();
         QTest::newRow("no such file") << QByteArray() << "No such file or directory" << QString();

@@ -11,6 +11,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -38,7 +39,8 @@ namespace {
 
 // A fixture definition. Channels, "|" between them: "Name@Preset", or "Name#Group#Byte" with
 // "#Colour" behind for an old intensity channel. A mode names its channels with "|" between
-// them; "heads" lists each head's channel numbers, "," between them and "/" between heads.
+// them, "=N" behind a name for a Number other than its place; "heads" lists each head's
+// channel numbers, "," between them and "/" between heads.
 QByteArray Qxf(const QString& channels, const QStringList& modes,
                const QString& type = "Moving Head", const QString& focus = "Head",
                const QString& heads = {}) {
@@ -66,8 +68,11 @@ QByteArray Qxf(const QString& channels, const QStringList& modes,
     for (int m = 0; m < modes.size(); ++m) {
         xml += QStringLiteral(" <Mode Name=\"Mode %1\">\n").arg(m + 1);
         const QStringList names = modes[m].split(u'|');
-        for (int i = 0; i < names.size(); ++i)
-            xml += QStringLiteral("  <Channel Number=\"%1\">%2</Channel>\n").arg(i).arg(names[i]);
+        for (int i = 0; i < names.size(); ++i) {
+            const QStringList numbered = names[i].split(u'=');
+            xml += QStringLiteral("  <Channel Number=\"%1\">%2</Channel>\n")
+                       .arg(numbered.value(1, QString::number(i)), numbered[0]);
+        }
         for (const QString& head : heads.split(u'/', Qt::SkipEmptyParts)) {
             xml += QStringLiteral("  <Head>\n");
             for (const QString& number : head.split(u','))
@@ -199,6 +204,12 @@ class TestQxf : public FormFixture {
             << "the mode \"Mode 2\" names the channel \"Ghost\", which the fixture does not define";
         QTest::newRow("a mode number too high") << good << "3"
                                                 << "no mode";
+        QTest::newRow("an offset beyond the table, the mode's name on one line")
+            << Qxf("Dim@IntensityDimmer", {"Dim=511"}).replace("Mode 1", "Mode&#9;1") << ""
+            << "the mode \"Mode 1\" puts the channel \"Dim\" at DMX offset 512, beyond the 511 "
+               "offsets of the channel table";
+        QTest::newRow("no Number") << Qxf("Dim@IntensityDimmer", {"Dim=x"}) << ""
+                                   << "the mode \"Mode 1\" gives the channel \"Dim\" no Number";
     }
     void refused() {
         QFETCH(QByteArray, bytes);
@@ -206,12 +217,41 @@ class TestQxf : public FormFixture {
         QFETCH(QString, error);
         QCOMPARE(MapError(bytes, mode), error);
     }
+    // The kind of a file is told by its content, whatever its name; a QLC+ fixture in UTF-16
+    // with a byte-order mark is read as one in UTF-8 is.
+    void kindByContent_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("read");  // "qxf", "written" or why it was refused
+        const QByteArray qxf = Qxf("Dim@IntensityDimmer", {"Dim"});
+        const QString utf16 = QString::fromUtf8(qxf).replace("UTF-8", "UTF-16");
+        const auto bom = QStringConverter::Flag::WriteBom;
+        QTest::newRow("UTF-16 LE")
+            << "a.qxf" << QByteArray(QStringEncoder(QStringEncoder::Utf16LE, bom)(utf16)) << "qxf";
+        QTest::newRow("UTF-16 BE, named .R20")
+            << "a.R20" << QByteArray(QStringEncoder(QStringEncoder::Utf16BE, bom)(utf16)) << "qxf";
+        QTest::newRow("a comment first, named .R20")
+            << "a.R20"
+            << QByteArray(qxf).replace("<?xml version='1.0' encoding='UTF-8'?>", "<!---->")
+            << "qxf";
+        QTest::newRow("a written file, named .qxf")
+            << "a.qxf" << ReadBytes(dataPath("output_mixed.R20")) << "written";
+    }
+    void kindByContent() {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, read);
+        QTemporaryDir dir;
+        QVERIFY(WriteBytes(dir.filePath(name), bytes));
+        const input::FixtureSource source = input::ReadFixtureSource(dir.filePath(name));
+        QCOMPARE(source.qxf ? "qxf" : source.written ? "written" : source.error, read);
+    }
     void namesOnDesk() {
         // Modes of 3, 4 and 3 channels; the model's letters and digits, cut to make room.
-        input::QxfFixture fixture;
-        fixture.model = QStringLiteral("MAC 700 Profile \u00C9");
-        for (const int count : {3, 4, 3})
-            fixture.modes.append({"m", QStringList(count, "x"), {}, {}});
+        input::QxfFixture fixture =
+            *input::ReadQxfBytes(Qxf("x@IntensityDimmer", {"x|x|x", "x|x|x|x", "x|x|x"})
+                                     .replace("Beam 575", "MAC 700 Profile \u00C9"))
+                 .fixture;
         QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PR-3A"));
         QCOMPARE(input::QxfNameOnDesk(fixture, 1), QStringLiteral("MAC700PRO-4"));
         QCOMPARE(input::QxfNameOnDesk(fixture, 2), QStringLiteral("MAC700PR-3B"));
@@ -219,8 +259,9 @@ class TestQxf : public FormFixture {
         QCOMPARE(input::QxfNameOnDesk(fixture, 0), QStringLiteral("MAC700PROFI"));
     }
     // Every fixture Debian ships: no well-formed file refused, every mode mapped with one offset
-    // per channel, every cell one its column's editor takes, every name within its box; and the
-    // file written from the pages, opened again and written again, is the same to the byte.
+    // per channel, its Number + 1, every cell one its column's editor takes, every name within its
+    // box; and the file written from the pages, opened again and written again, is the same to the
+    // byte.
     void installedFixtures() {
         const QString folder = QStringLiteral("/usr/share/qlcplus/fixtures");
         if (!QFileInfo(folder).isDir()) QSKIP("qlcplus-data is not installed");
@@ -257,7 +298,8 @@ class TestQxf : public FormFixture {
                     if (row[2] != u"0") offsets << row[2].toInt();
                 }
                 QCOMPARE(offsets.size(), source.qxf->modes[m].channels.size());
-                QCOMPARE(*std::max_element(offsets.cbegin(), offsets.cend()), offsets.size());
+                for (const int number : source.qxf->modes[m].numbers)
+                    QVERIFY(offsets.contains(number + 1));
                 QVERIFY(f.manufacturer.size() <= 30 && f.model.size() <= 30);
                 QVERIFY(!f.nameOnDesk.isEmpty() && f.nameOnDesk.size() <= 11);
                 QVERIFY2(!names.contains(f.nameOnDesk), qPrintable(where + ": " + f.nameOnDesk));
@@ -326,18 +368,20 @@ class TestQxf : public FormFixture {
     }
     // Keys alone: the list of modes comes up named and titled, the first line selected and
     // heard as it takes the focus; Escape leaves the pages as they were, Down and Enter pick
-    // the second mode.
+    // the second mode. A mode with no channel says so on its line; picked, it says why it
+    // cannot fill the pages and the list comes back on its line.
     void chooser() {
         using namespace gui::testing;
         QTemporaryDir dir;
         const QString path = dir.filePath("beam.qxf");
-        QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim"})));
+        QVERIFY(WriteBytes(path, Qxf("Pan@PositionPan|Dim@IntensityDimmer", {"Dim", "Pan|Dim", ""})
+                                     .replace("  <Channel Number=\"0\"></Channel>\n", "")));
         MainForm& f = form();
         QString title, name, lines;
         QStringList heard;
-        for (const bool pick : {false, true}) {
+        for (const int pick : {0, 1, 2}) {  // Escape, the second mode, the empty one
             ScreenReader reader;
-            QTimer::singleShot(0, [&] {
+            const auto look = [&] {
                 title = CaptionOf(ActiveDialog());
                 heard = reader.heard();
                 QAccessibleInterface* list = QAccessible::queryAccessibleInterface(
@@ -347,17 +391,29 @@ class TestQxf : public FormFixture {
                 for (int i = 0; i < list->childCount(); ++i)
                     lines += list->child(i)->text(QAccessible::Name) +
                              (list->child(i)->state().selected ? "*" : "") + u';';
-                if (pick) PressKey(Qt::Key_Down);
-                PressKey(pick ? Qt::Key_Return : Qt::Key_Escape);
+            };
+            QTimer::singleShot(0, [&] {
+                look();
+                if (pick > 0) PressKey(pick == 1 ? Qt::Key_Down : Qt::Key_End);
+                PressKey(pick == 0 ? Qt::Key_Escape : Qt::Key_Return);
+                if (pick == 2) QTimer::singleShot(0, [&] { look(), PressKey(Qt::Key_Escape); });
             });
-            QCOMPARE(OpenFixtureFile(f, path), pick);
+            if (pick == 2) gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
+            QCOMPARE(OpenFixtureFile(f, path), pick == 1);
             QCOMPARE(title, QStringLiteral("Lumenfab Beam 575"));
-            QCOMPARE(heard.last(), QStringLiteral("Mode 1 (1 channel)"));
+            QCOMPARE(heard.last(), pick == 2 ? "Mode 3 (no channels)" : "Mode 1 (1 channel)");
             QCOMPARE(name, QStringLiteral("Modes"));
-            QCOMPARE(lines, QStringLiteral("Mode 1 (1 channel)*;Mode 2 (2 channels);"));
-            QCOMPARE(f.table.Rows(), pick ? 3 : 2);
+            QCOMPARE(lines,
+                     QString("Mode 1 (1 channel)%1;Mode 2 (2 channels);Mode 3 (no channels)%2;")
+                         .arg(pick == 2 ? "" : "*", pick == 2 ? "*" : ""));
+            QCOMPARE(f.table.Rows(), pick == 0 ? 2 : 3);
         }
         QCOMPARE(f.nameondesk.Text(), QStringLiteral("BEAM575-2"));
+        const gui::seams::MsgBoxCall why = gui::seams::MsgBoxCalls().back();
+        QCOMPARE(why.text,
+                 QStringLiteral("This mode cannot fill the pages: the mode \"Mode 3\" has "
+                                "no channel. Choose another one."));
+        QCOMPARE(why.style.icon, gui::MsgIcon::Warning);
     }
     // Pages that hold something typed are replaced only after a Yes; No is the default. A file
     // that cannot be read leaves them as they were and says why.
@@ -460,8 +516,10 @@ class TestQxf : public FormFixture {
     void convertAndCheck() {
         QTemporaryDir dir;
         const QString qxf = dir.filePath("beam.qxf");
+        // A mode's name with a line break: the report of it is one line, a blank in its place.
         QVERIFY(WriteBytes(qxf, Qxf("Pan@PositionPan|Dim@IntensityDimmer|Dim 2@IntensityDimmer",
-                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim"})));
+                                    {"Pan|Dim", "Dim|Dim 2|Pan", "Pan|Dim"})
+                                    .replace("\"Mode 2\"", "\"Mode&#10;2\"")));
         QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "<?xml version='1.0'?><FixtureDefinition>"));
         const QString out = dir.filePath("lib");
         gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));

@@ -163,6 +163,8 @@ class TestFinishPage : public FormFixture {
         add("patch text keeps CR and no-break space", QStringLiteral("P\u00A0Q\rR"), "",
             "\r\nTEXT\r\nP\xA0Q\rR\r\nEND\r\n");
         add("patch text with CR LF pairs", "\r\nA\r\n", "", "\r\nTEXT\r\n\r\nA\r\n\r\nEND\r\n");
+        add("patch text cut to what the box takes", QString(32765, u'x') + "\nyz", "w",
+            "\r\nTEXT\r\n" + QByteArray(32765, 'x') + "\r\n\r\nEND\r\n");
     }
     void textReachesTheFileAsTyped() {
         QFETCH(QString, gesture);
