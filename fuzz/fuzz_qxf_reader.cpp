@@ -1,5 +1,5 @@
 // Any bytes into the reader of QLC+ fixture definitions, and every mode it finds through the
-// mapping: read or refused, never a crash; a mapped mode has one offset per channel.
+// mapping: read or refused, never a crash; a mapped mode puts each channel at its Number + 1.
 #include <QByteArray>
 #include <QSet>
 #include <cstdint>
@@ -22,7 +22,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             offsets << rows.cell(row, common::kDmx1);
             if (rows.cell(row, common::kDmx2) != u"0") offsets << rows.cell(row, common::kDmx2);
         }
-        if (offsets.size() != read.fixture->modes[m].channels.size()) std::abort();
+        QSet<QString> numbered;  // each channel at its Number + 1
+        for (const int number : read.fixture->modes[m].numbers)
+            numbered << QString::number(number + 1);
+        if (offsets != numbered) std::abort();
     }
     return 0;
 }
