@@ -345,7 +345,9 @@ class ModeMapper {
         QList<int> partner(count, -1);  // for a coarse channel, its fine one
         QList<int> folded(count, -1);   // for a fine channel, the coarse one it joined
         std::map<std::pair<const Kind*, int>, CoarseChannels> coarse;  // by kind and head
-        for (int i = 0; i < count; ++i)
+        const bool anyFine = std::any_of(channels_.cbegin(), channels_.cend(),
+                                         [](const ModeChannel& c) { return c.fine; });
+        for (int i = 0; i < count && anyFine; ++i)
             if (!channels_[i].fine) coarse[{channels_[i].kind, channels_[i].head}].add(i);
         for (int i = 0; i < count; ++i) {
             if (!channels_[i].fine) continue;
