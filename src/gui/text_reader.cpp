@@ -49,23 +49,14 @@ class TextReader : public QAccessibleWidget,
     }
 
   private:
+    // Qt's boundary types in their order: character, word, sentence, paragraph, line, none.
     static common::TextPiece PieceOf(Unit unit) {
         using common::TextPiece;
-        switch (unit) {
-            case QAccessible::CharBoundary:
-                return TextPiece::kCharacter;
-            case QAccessible::WordBoundary:
-                return TextPiece::kWord;
-            case QAccessible::SentenceBoundary:
-                return TextPiece::kSentence;
-            case QAccessible::LineBoundary:
-                return TextPiece::kLine;
-            case QAccessible::ParagraphBoundary:
-                return TextPiece::kParagraph;
-            case QAccessible::NoBoundary:
-                break;
-        }
-        return TextPiece::kWhole;
+        static constexpr TextPiece kPieces[] = {TextPiece::kCharacter, TextPiece::kWord,
+                                                TextPiece::kSentence,  TextPiece::kParagraph,
+                                                TextPiece::kLine,      TextPiece::kWhole};
+        static_assert(QAccessible::LineBoundary == 4 && QAccessible::NoBoundary == 5);
+        return unit >= 0 && unit < 6 ? kPieces[unit] : TextPiece::kWhole;
     }
 
     // `step` -1 asks for the piece before the one at `offset`, 1 for the one after it.
