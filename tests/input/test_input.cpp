@@ -66,11 +66,9 @@ class TestInput : public FormFixture {
         QFETCH(QString, expected);
         const input::ReadOutcome outcome = input::ReadFixtureBytes(bytes);
         const common::Fixture f = outcome.fixture.value_or(common::Fixture());
-        const int kind = f.type == common::FixtureType::kMirror       ? 1
-                         : f.type == common::FixtureType::kMovingHead ? 2
-                                                                      : 0;
-        QStringList read = {f.nameOnDesk, f.manufacturer, f.model,     QString::number(kind),
-                            f.pan,        f.tilt,         f.patchText, QString()};
+        QStringList read = {
+            f.nameOnDesk, f.manufacturer, f.model,     QString::number(MirrorKind(f.type)),
+            f.pan,        f.tilt,         f.patchText, QString()};
         for (int row = 0; row < f.channels.rows(); ++row)
             read.last() += RowCells(f.channels, row).join(u'|') + u'/';
         read.last().chop(1);

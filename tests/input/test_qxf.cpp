@@ -96,10 +96,7 @@ QString Summary(const common::Fixture& f) {
         const QStringList c = RowCells(f.channels, row);
         rows << QStringList{c[1], c[2], c[3].left(1), c[4], c[5] + u'/' + c[6], c[7]}.join(u',');
     }
-    const int kind = f.type == common::FixtureType::kMirror       ? 1
-                     : f.type == common::FixtureType::kMovingHead ? 2
-                                                                  : 0;
-    return QString::number(kind) + u' ' + f.nameOnDesk + QStringLiteral(": ") +
+    return QString::number(MirrorKind(f.type)) + u' ' + f.nameOnDesk + QStringLiteral(": ") +
            rows.join(QStringLiteral(" / "));
 }
 

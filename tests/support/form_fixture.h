@@ -35,6 +35,15 @@ class FormFixture : public QObject {
 // The cells of row `row` of a table of cell texts.
 #include "common/text_table.h"
 
+// The kind a fixture file writes on its MIRROR line: 1 mirror, 2 moving head, 0 otherwise.
+#include "common/fixture.h"
+
+inline int MirrorKind(common::FixtureType type) {
+    return type == common::FixtureType::kMirror       ? 1
+           : type == common::FixtureType::kMovingHead ? 2
+                                                      : 0;
+}
+
 inline QStringList RowCells(const common::TextTable& table, int row) {
     QStringList cells;
     for (int col = 0; col < table.cols(); ++col) cells << table.cell(row, col);
