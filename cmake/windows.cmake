@@ -61,11 +61,13 @@ add_custom_command(
 add_custom_target(rigwright-windows-icon DEPENDS ${rigwright_ico})
 add_dependencies(rigwright rigwright-windows-icon)
 
+set(rigwright_manifest ${rigwright_windows_out}/rigwright.manifest)
+configure_file(${rigwright_windows_resources}/rigwright.manifest ${rigwright_manifest} @ONLY)
 set(rigwright_rc ${rigwright_windows_out}/rigwright.rc)
 configure_file(${rigwright_windows_resources}/rigwright.rc.in ${rigwright_rc} @ONLY)
 target_sources(rigwright PRIVATE ${rigwright_rc})
 set_source_files_properties(${rigwright_rc} TARGET_DIRECTORY rigwright
-                            PROPERTIES OBJECT_DEPENDS ${rigwright_ico})
+                            PROPERTIES OBJECT_DEPENDS "${rigwright_ico};${rigwright_manifest}")
 # --- Portable folder, zip and setup ------------------------------------------------------
 # The MinGW runtime libraries that the program and Qt load, where this compiler keeps them.
 set(rigwright_mingw_runtime)
