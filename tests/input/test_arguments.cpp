@@ -4,6 +4,7 @@
 // them.
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <cstdio>
@@ -275,6 +276,46 @@ class TestArguments : public FormFixture {
             got = gui::seams::MsgBoxCalls().back().text.left(said.size());
         }
         QCOMPARE(got, Native(said));
+    }
+
+    // Nothing a console user cannot answer waits for them: it is a line on standard error and
+    // an exit code. Qt's notes stay out of the way of the refusals.
+    void nothingWaits_data() {
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QString>("fatalWarnings");  // QT_FATAL_WARNINGS
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("a note") << "warning"
+                                << "" << 0 << "";
+        QTest::newRow("a critical message") << "critical"
+                                            << "" << 0 << "a critical message\n";
+        QTest::newRow("a fatal message")
+            << "fatal"
+            << "" << 3 << "rigwright: could not load the platform plugin\n";
+        QTest::newRow("a note made fatal") << "warning"
+                                           << "1" << 3 << "rigwright: a warning\n";
+        QTest::newRow("the second note made fatal") << "warning|warning|critical"
+                                                    << "2" << 3 << "rigwright: a warning\n";
+        QTest::newRow("an exception nobody catches") << "throw"
+                                                     << "" << 3 << "rigwright: out of memory\n";
+    }
+    void nothingWaits() {
+        QFETCH(QString, steps);
+        QFETCH(QString, fatalWarnings);
+        QFETCH(int, code);
+        QFETCH(QString, said);
+        QProcess run;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.remove("QT_FATAL_WARNINGS");
+        env.remove("QT_FATAL_CRITICALS");
+        if (!fatalWarnings.isEmpty()) env.insert("QT_FATAL_WARNINGS", fatalWarnings);
+        run.setProcessEnvironment(env);
+        run.start(qEnvironmentVariable("RIGWRIGHT_STOPPING"), steps.split(u'|'));
+        QVERIFY2(run.waitForStarted(), qPrintable(run.errorString()));
+        QVERIFY(run.waitForFinished(20000));
+        QCOMPARE(QString::fromLocal8Bit(run.readAllStandardError()), said);
+        QCOMPARE(run.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(run.exitCode(), code);
     }
 };
 
