@@ -9,6 +9,7 @@
 #include <QTest>
 #include <cstdio>
 
+#include "common/system_names.h"
 #include "gui/seams.h"
 #include "gui/system.h"
 #include "input/command_line.h"
@@ -58,6 +59,13 @@ class Library {
         QFile::link("../Martin", "lib/Robe Lighting/martin");
         QDir().mkpath("stars");
         WriteBytes("stars/odd*name.qxf", Qxf("Odd"));
+        // A name made under Latin-1, no UTF-8: found in its folder and opened by its bytes.
+        QDir().mkpath("latin");
+        if (std::FILE* latin = std::fopen("latin/caf\xe9.qxf", "wb")) {
+            const QByteArray bytes = Qxf("Cafe");
+            std::fwrite(bytes.constData(), 1, bytes.size(), latin);
+            std::fclose(latin);
+        }
 #endif
     }
     ~Library() {
@@ -96,8 +104,8 @@ Ran RunCommand(const QStringList& arguments, bool matchWildcards) {
                                                                        : ConvertFixtures(line, to);
     std::fclose(out);
     std::fclose(err);
-    return {code, QString::fromUtf8(ReadBytes(streams.filePath("out"))),
-            QString::fromUtf8(ReadBytes(streams.filePath("err")))};
+    return {code, common::FromSystemBytes(ReadBytes(streams.filePath("out"))),
+            common::FromSystemBytes(ReadBytes(streams.filePath("err")))};
 }
 
 }  // namespace
@@ -204,6 +212,9 @@ class TestArguments : public FormFixture {
 #ifndef Q_OS_WIN
         QTest::newRow("a star in a name")
             << "--check|stars/odd*name.qxf" << false << 0 << ok({"stars/odd*name.qxf"}) << "";
+        QTest::newRow("a name in no UTF-8")
+            << "--check|latin" << false << 0 << ok({common::FromSystemBytes("latin/caf\xe9.qxf")})
+            << "";
 #endif
     }
     void commands() {
@@ -313,7 +324,8 @@ class TestArguments : public FormFixture {
         run.start(qEnvironmentVariable("RIGWRIGHT_STOPPING"), steps.split(u'|'));
         QVERIFY2(run.waitForStarted(), qPrintable(run.errorString()));
         QVERIFY(run.waitForFinished(20000));
-        QCOMPARE(QString::fromLocal8Bit(run.readAllStandardError()), said);
+        // Windows writes a line's end on standard error as CR LF.
+        QCOMPARE(QString::fromLocal8Bit(run.readAllStandardError()).replace("\r\n", "\n"), said);
         QCOMPARE(run.exitStatus(), QProcess::NormalExit);
         QCOMPARE(run.exitCode(), code);
     }
