@@ -89,9 +89,12 @@ QRegularExpression Pattern(QStringView part) {
 }
 
 void Walk(const fs::path& folder, QStringList& files, std::set<fs::path>& walked) {
+    // A folder is known by where it really is, links resolved; where the system cannot say,
+    // by its whole path.
     std::error_code error;
-    const fs::path canonical = fs::canonical(folder, error);
-    if (error || !walked.insert(canonical).second) return;
+    fs::path where = fs::canonical(folder, error);
+    if (error) where = fs::absolute(folder, error).lexically_normal();
+    if (!walked.insert(where).second) return;
     for (const Entry& entry : EntriesOf(folder, false)) {
         if (entry.folder)
             Walk(entry.path, files, walked);
