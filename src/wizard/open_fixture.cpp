@@ -164,8 +164,10 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
         if (answer != gui::MsgButton::Yes) return false;
     }
     ShowOpenedFixture(f, std::move(*file));
-    // The first save proposes the file that was opened; a QLC+ fixture is no file to replace.
-    f.OpenedFile = written ? QFileInfo(path).absoluteFilePath() : QString();
+    // The first save proposes the file that was opened, in the system's way of writing it; a
+    // QLC+ fixture is no file to replace.
+    f.OpenedFile =
+        written ? QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()) : QString();
     return true;
 }
 
