@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2154
 # Sourced by the scripts that run Windows programs under Wine: the Wine prefix of a build
 # folder, made once, and how Unix paths look from Windows. Needs `build` (an absolute path) and
 # a function `say`.
