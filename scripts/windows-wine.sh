@@ -25,6 +25,10 @@ mkdir -p "$wine_fonts"
 for font in /usr/share/fonts/truetype/liberation2/*.ttf /usr/share/fonts/truetype/dejavu/DejaVuSans*.ttf; do
   if [ -e "$font" ]; then ln -sf "$font" "$wine_fonts/"; fi
 done
+if ! compgen -G "$wine_fonts/*.ttf" >/dev/null; then
+  say "no Liberation or DejaVu fonts (fonts-liberation2, fonts-dejavu-core) for $wine_fonts"
+  exit 1
+fi
 
 if [ ! -e "$WINEPREFIX/rigwright-prefix-ready" ]; then
   say "making the Wine prefix $WINEPREFIX (once)"
