@@ -4,12 +4,14 @@ ASAN_BUILD ?= build-asan
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
 WIN_BUILD  ?= build-windows
+WIN_TEST_BUILD ?= build-windows-tests
 # The Windows Qt that scripts/build-windows-qt builds once and keeps outside the work tree.
 RIGWRIGHT_CACHE ?= $(HOME)/.cache/rigwright
 WIN_QT     ?= $(RIGWRIGHT_CACHE)/qt-6.4.2-mingw64
 JOBS       ?= $(shell nproc)
 
-.PHONY: all deps configure build run test test-asan fuzz bench package package-check windows clean
+.PHONY: all deps configure build run test test-asan fuzz bench package package-check windows \
+        test-windows clean
 
 all: build
 
@@ -56,7 +58,7 @@ package-check:
 # The 64-bit Windows program, cross-built with MinGW-w64: the portable folder zipped and the
 # setup, as $(WIN_BUILD)/rigwright-<version>-win64.zip and -win64-setup.exe. The first run
 # builds Qt for Windows (half an hour or more); later runs reuse it. Only the program and its
-# packages: the test programs do not build for Windows yet.
+# packages: the test programs build in a folder of their own ($(WIN_TEST_BUILD), test-windows).
 windows:
 	@./scripts/install-deps --windows
 	RIGWRIGHT_CACHE=$(RIGWRIGHT_CACHE) ./scripts/build-windows-qt
@@ -66,5 +68,22 @@ windows:
 	  -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake -DBUILD_TESTING=OFF
 	nice -n 15 cmake --build $(WIN_BUILD) -j $(JOBS) --target windows-package
 
+# The Windows suite under Wine, headless: every test program built for Windows and run, its
+# results read and summed; then the setup's contents against the portable folder, and the QLC+
+# library converted by the Windows program and by the Linux one. Each part runs even when one
+# before it failed; the target fails when any did.
+test-windows: windows build
+	nice -n 15 cmake -S . -B $(WIN_TEST_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Release \
+	  -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/cmake/mingw64-toolchain.cmake \
+	  -DCMAKE_PREFIX_PATH=$(WIN_QT) -DQT_HOST_PATH=/usr \
+	  -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake -DBUILD_TESTING=ON
+	nice -n 15 cmake --build $(WIN_TEST_BUILD) -j $(JOBS)
+	@failed=0; \
+	nice -n 10 ./scripts/run-windows-tests $(WIN_TEST_BUILD) $(WIN_QT) || failed=1; \
+	nice -n 10 ./scripts/check-windows-setup $(WIN_BUILD) $(WIN_TEST_BUILD) || failed=1; \
+	nice -n 10 ./scripts/compare-windows-corpus $(BUILD)/src/rigwright $(WIN_BUILD) \
+	  $(WIN_TEST_BUILD) || failed=1; \
+	exit $$failed
+
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD) $(WIN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD) $(WIN_BUILD) $(WIN_TEST_BUILD)

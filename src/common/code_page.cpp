@@ -11,11 +11,19 @@
 
 QByteArray ToFileBytes(const QString& text) {
     if (text.isEmpty()) return {};
-    const auto* wide = reinterpret_cast<const wchar_t*>(text.utf16());
-    const int length = static_cast<int>(text.size());
     // A UTF-8 system code page takes no replacement character and has no best fit.
     const UINT page = GetACP();
     const bool utf8 = page == CP_UTF8;
+    // No other system code page holds a character beyond the basic plane: it is one character,
+    // and one "?", not one for each half of its pair as the system would write.
+    QString units = text;
+    if (!utf8) {
+        for (qsizetype at = units.size() - 1; at > 0; --at)
+            if (units[at].isLowSurrogate() && units[at - 1].isHighSurrogate())
+                units.replace(--at, 2, u'?');
+    }
+    const auto* wide = reinterpret_cast<const wchar_t*>(units.utf16());
+    const int length = static_cast<int>(units.size());
     const DWORD flags = utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
     const char* replacement = utf8 ? nullptr : "?";
     const int size =

@@ -6,10 +6,46 @@
 #include <fcntl.h>
 #include <unistd.h>
 #endif
+#ifdef Q_OS_WIN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#include <QDir>
+#include <QRegularExpression>
+#endif
 
 #include "common/system_names.h"
 
 namespace input {
+
+namespace {
+
+#ifdef Q_OS_WIN
+// Windows' devices (NUL, CON, COM1 …) answer to their names in every folder, while Qt finds no
+// file there. A device that opens tells its kind; a console that this program lacks does not
+// open at all, so the names themselves count too.
+bool IsDevice(const QString& path) {
+    static const QRegularExpression reserved(
+        QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])$"),
+        QRegularExpression::CaseInsensitiveOption);
+    if (reserved.match(QFileInfo(path).fileName()).hasMatch()) return true;
+    const HANDLE handle =
+        CreateFileW(reinterpret_cast<const wchar_t*>(QDir::toNativeSeparators(path).utf16()), 0,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                    FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) return false;
+    const DWORD type = GetFileType(handle);
+    CloseHandle(handle);
+    return type != FILE_TYPE_DISK;
+}
+#else
+bool IsDevice(const QString&) {
+    return false;  // QFileInfo tells a device from a file
+}
+#endif
+
+}  // namespace
 
 FileBytes ReadRegularFile(const QString& path, qint64 maxBytes) {
 #ifdef Q_OS_LINUX
@@ -25,6 +61,7 @@ FileBytes ReadRegularFile(const QString& path, qint64 maxBytes) {
 #endif
     const QFileInfo info(path);
     QFile file(path);
+    if (IsDevice(path)) return {std::nullopt, QStringLiteral("it is no regular file")};
     if (!info.exists()) return {std::nullopt, QStringLiteral("No such file or directory")};
     if (info.isDir()) return {std::nullopt, QStringLiteral("it is a folder")};
     if (!info.isFile()) return {std::nullopt, QStringLiteral("it is no regular file")};

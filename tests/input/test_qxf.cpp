@@ -1,8 +1,6 @@
 // Starting from a QLC+ fixture definition: how a mode becomes the pages, the files refused,
 // every fixture Debian ships, the ways in as a person takes them, and the command line that
 // converts and checks whole libraries with the wizard's own code.
-#include <sys/stat.h>
-#include <unistd.h>
 #include <QAccessible>
 #include <QBuffer>
 #include <QDir>
@@ -35,6 +33,12 @@
 #include "wizard/engine.h"
 #include "wizard/library_commands.h"
 #include "wizard/open_fixture.h"
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <sys/stat.h>
+#endif
 
 namespace {
 
@@ -118,6 +122,23 @@ bool EditorAccepts(int column, const QString& text) {
     return number && stored == text;
 }
 
+// A symbolic link; on Windows QFile::link makes a shortcut, which is a file, and this compiler's
+// library makes no links.
+bool SymbolicLink(const QString& target, const QString& link) {
+#ifdef Q_OS_WIN
+    const auto wide = [](const QString& path) {
+        return reinterpret_cast<const wchar_t*>(QDir::toNativeSeparators(path).utf16());
+    };
+    const QString native = QDir::toNativeSeparators(target);
+    // Wine says yes and makes nothing: the link is looked at.
+    return CreateSymbolicLinkW(wide(link), reinterpret_cast<const wchar_t*>(native.utf16()),
+                               SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE) &&
+           QFileInfo(link).isSymLink();
+#else
+    return QFile::link(target, link);
+#endif
+}
+
 // A table of tests/data/qxf_tables.json, by the start of its name.
 QJsonArray Table(const char* name) {
     return FormFixture::dataEntry("qxf_tables.json", name).toArray();
@@ -133,24 +154,29 @@ QString MapError(const QByteArray& bytes, const QString& mode = {}) {
 
 // Runs a library command in this process: its exit code, or -1 when lines it printed were still
 // held back when it returned. With `terminal`, standard output and error are one stream, with
-// the progress, as on a terminal.
+// the progress, as on a terminal. The streams are files, opened as binary so that the bytes are
+// the command's own, line ends included.
 int Run(const QStringList& arguments, QString* printed = nullptr, QString* errors = nullptr,
         bool terminal = false) {
-    char *o = nullptr, *e = nullptr;
-    std::size_t oSize = 0, eSize = 0;
-    std::FILE* out = open_memstream(&o, &oSize);
-    const LibraryStreams streams{out, terminal ? out : open_memstream(&e, &eSize), terminal};
+    QTemporaryDir dir;
+    const QString outName = dir.filePath("out"), errName = dir.filePath("err");
+    std::FILE* out = std::fopen(QFile::encodeName(outName).constData(), "wb");
+    std::FILE* err = terminal ? out : std::fopen(QFile::encodeName(errName).constData(), "wb");
+    if (!out || !err)
+        qFatal("No file for the streams of a library command in %s", qPrintable(dir.path()));
+    const LibraryStreams streams{out, err, terminal};
     const input::CommandLine line = input::ParseCommandLine(arguments);
     const int code = line.action == input::CommandLine::Action::kCheck
                          ? CheckFixtures(line, streams)
                          : ConvertFixtures(line, streams);
-    const std::size_t flushed = oSize + eSize;  // what a run stopped now would have shown
+    // What a run stopped now would have shown: what reached the files.
+    const qint64 flushed = QFileInfo(outName).size() + QFileInfo(errName).size();
     std::fclose(out);
-    if (!terminal) std::fclose(streams.err);
-    if (printed) *printed = common::FromSystemBytes({o, qsizetype(oSize)});
-    if (errors) *errors = common::FromSystemBytes({e, qsizetype(eSize)});
-    std::free(o), std::free(e);
-    return flushed == oSize + eSize ? code : -1;
+    if (!terminal) std::fclose(err);
+    const QByteArray o = ReadBytes(outName), e = terminal ? QByteArray() : ReadBytes(errName);
+    if (printed) *printed = common::FromSystemBytes(o);
+    if (errors) *errors = common::FromSystemBytes(e);
+    return flushed == o.size() + e.size() ? code : -1;
 }
 
 }  // namespace
@@ -438,17 +464,24 @@ class TestQxf : public FormFixture {
         QVERIFY(question.text.contains(path));
         // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once. A QLC+
         // fixture that is no XML at all is refused as XML, not as the other kind of file.
-        const QString fifo = dir.filePath("fifo.qxf"), huge = dir.filePath("huge.qxf");
-        QVERIFY(mkfifo(fifo.toLocal8Bit().constData(), 0600) == 0);
+        const QString huge = dir.filePath("huge.qxf");
         QFile big(huge);
         QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(100 << 20));
         QVERIFY(WriteBytes(dir.filePath("junk.qxf"), "no fixture\n"));
-        for (const auto& [bad, reason] :
-             {std::pair{dir.path(), "it is a folder"},
-              {"/dev/zero", "it is no regular file"},
-              {fifo, "it is no regular file"},
-              {huge, "it is too large"},
-              {dir.filePath("junk.qxf"), "line 1: Start tag expected."}}) {
+        QList<std::pair<QString, QString>> refused = {
+            {dir.path(), "it is a folder"},
+            {huge, "it is too large"},
+            {dir.filePath("junk.qxf"), "line 1: Start tag expected."}};
+#ifdef Q_OS_WIN
+        // Windows' devices answer to their reserved names in every folder.
+        for (const char* device : {"NUL", "CON", "COM1", "nul.qxf"})
+            refused.append({dir.filePath(device), "it is no regular file"});
+#else
+        const QString fifo = dir.filePath("fifo.qxf");
+        QVERIFY(mkfifo(fifo.toLocal8Bit().constData(), 0600) == 0);
+        refused.append({{"/dev/zero", "it is no regular file"}, {fifo, "it is no regular file"}});
+#endif
+        for (const auto& [bad, reason] : refused) {
             gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
             QVERIFY(!OpenFixtureFile(f, bad));
             QVERIFY2(gui::seams::MsgBoxCalls().back().text.startsWith(
@@ -534,11 +567,21 @@ class TestQxf : public FormFixture {
         QCOMPARE(errors,
                  native(qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n"));
         QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
-        // A file in the folder's place, and a folder where no file can be made, whoever asks.
-        for (const auto& [to, why] : {std::pair{qxf + "/lib", "Not a directory"},
-                                      {QStringLiteral("/proc"), "No such file or directory"}}) {
+        // A file in the folder's place, and a folder where no file can be made, whoever asks:
+        // on Windows a share on no server, its reason in the words of the system.
+        QList<std::pair<QString, QString>> unwritable = {{qxf + "/lib", "Not a directory"}};
+#ifdef Q_OS_WIN
+        unwritable.emplace_back("//nohost.invalid/share/lib", "");
+#else
+        unwritable.emplace_back("/proc", "No such file or directory");
+#endif
+        for (const auto& [to, why] : unwritable) {
             QCOMPARE(Run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
-            QCOMPARE(printed + errors, "rigwright: cannot write into " + to + ": " + why + "\n");
+            const QString start = "rigwright: cannot write into " + to + ": ";
+            QVERIFY2((printed + errors).startsWith(start) && errors.endsWith(u'\n') &&
+                         errors.size() > start.size() + 1 && errors.count(u'\n') == 1,
+                     qPrintable(printed + errors));
+            if (!why.isEmpty()) QCOMPARE(printed + errors, start + why + "\n");
         }
 
         const QString unnamed = dir.filePath("unnamed.R20");
@@ -555,13 +598,39 @@ class TestQxf : public FormFixture {
         const QByteArray converted = ReadBytes(first);
         QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
 
+        // On a terminal the progress stands again after every line, and nothing of it stays.
+        QStringList many;
+        for (int i = 0; i < 51; ++i) {
+            many << dir.filePath(QStringLiteral("copy%1.qxf").arg(i));
+            QVERIFY(QFile::copy(qxf, many.last()));
+        }
+        QCOMPARE(Run(QStringList{"--check"} + many, &printed, nullptr, true), 0);
+        const QStringList lines = printed.split(u'\n');
+        QCOMPARE(lines.size(), 51 * 3 + 1);
+        for (const QString& l : lines.mid(3))
+            QVERIFY2(QRegularExpression("^(\\r\\d+ of 51)+\\r\\x1b\\[K").match(l).hasMatch(),
+                     qPrintable(l));
+        QVERIFY(lines.last().endsWith("\x1b[K"));
+
+        // A name made under Latin-1 (no UTF-8; on Windows a name in the code page) opens, and is
+        // printed as the bytes it is.
+        const QByteArray latin = QFile::encodeName(dir.path()) + "/caf\xe9.qxf";
+        std::error_code copied;
+        std::filesystem::copy_file(common::SystemPath(qxf),
+                                   common::SystemPath(common::FromSystemBytes(latin)), copied);
+        QVERIFY2(!copied, copied.message().c_str());
+        QCOMPARE(Run({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed), 0);
+        QCOMPARE(common::ToSystemBytes(printed), latin + " (mode \"Mode 1\"): ok\n");
+
         // A link in the folder is never written through, not even with --force; a file of
         // another fixture keeps its name, run after run. An input named twice is converted once,
         // a fixture file is named by what it holds.
         const QString second = out + "/Lumenfab-Beam575-Mode2.R20";
         const QString third = out + "/Lumenfab-Beam575-Mode3.R20";
-        QVERIFY(QFile::remove(second) && QFile::link(dir.filePath("nowhere.R20"), second));
-        QVERIFY(QFile::remove(third) && QFile::link(saved, third));
+        QVERIFY(QFile::remove(second) && QFile::remove(third));
+        if (!SymbolicLink(dir.filePath("nowhere.R20"), second))
+            QSKIP("This system makes no symbolic links (Wine makes none)");
+        QVERIFY(SymbolicLink(saved, third));
         const QByteArray other = converted.sliced(0).replace("\"Lumenfab\"", "\"Lumen fab\"");
         QVERIFY(WriteBytes(first, other));
         const QByteArray savedBytes = ReadBytes(saved);
@@ -580,26 +649,6 @@ class TestQxf : public FormFixture {
         QVERIFY(!QFileInfo::exists(dir.filePath("nowhere.R20")));
         QCOMPARE(ReadBytes(saved), savedBytes);
         QCOMPARE(ReadBytes(first), other);
-
-        // On a terminal the progress stands again after every line, and nothing of it stays.
-        QStringList many;
-        for (int i = 0; i < 51; ++i) {
-            many << dir.filePath(QStringLiteral("copy%1.qxf").arg(i));
-            QVERIFY(QFile::copy(qxf, many.last()));
-        }
-        QCOMPARE(Run(QStringList{"--check"} + many, &printed, nullptr, true), 0);
-        const QStringList lines = printed.split(u'\n');
-        QCOMPARE(lines.size(), 51 * 3 + 1);
-        for (const QString& l : lines.mid(3))
-            QVERIFY2(QRegularExpression("^(\\r\\d+ of 51)+\\r\\x1b\\[K").match(l).hasMatch(),
-                     qPrintable(l));
-        QVERIFY(lines.last().endsWith("\x1b[K"));
-
-        // A name that is no UTF-8 opens, and is printed as the bytes it is.
-        const QByteArray latin = QFile::encodeName(dir.path()) + "/caf\xe9.qxf";
-        QVERIFY(link(QFile::encodeName(qxf).constData(), latin.constData()) == 0);
-        QCOMPARE(Run({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed), 0);
-        QCOMPARE(common::ToSystemBytes(printed), latin + " (mode \"Mode 1\"): ok\n");
     }
     // Names in a library: letters without their accents, never hidden, never too long for a file
     // system, and the messages about them short enough to read.

@@ -2,14 +2,17 @@
 // save with its failures.
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <utility>
 
 #include "common/code_page.h"
 #include "gui/dialogs.h"
 #include "gui/seams.h"
+#include "gui/system.h"
 #include "output/channel_line.h"
 #include "output/comment_lines.h"
 #include "output/form_fixture.h"
@@ -18,7 +21,9 @@
 #include "support/testing.h"
 #include "wizard/fixture_pages.h"
 
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -78,7 +83,9 @@ class TestOutput : public FormFixture {
         QFETCH(QString, text);
         QFETCH(QString, expected);
 #ifdef Q_OS_WIN
-        if (kind == u"bytes") QSKIP("On Windows the file takes the system's ANSI code page");
+        // On Windows the file takes the system's ANSI code page; the rows are Windows-1252's.
+        if (kind == u"bytes" && GetACP() != 1252)
+            QSKIP("The system's ANSI code page is not Windows-1252");
 #endif
         if (kind.endsWith(u"line")) gui::testing::SetRows(form().table, {"#|" + text}, u'|');
         const QString none = QStringLiteral("-");
@@ -223,50 +230,96 @@ class TestOutput : public FormFixture {
         Click(form().finished);
         QCOMPARE(folder, QDir::currentPath());
     }
-    void failureKeepsOldFile_data() {
+    // Each saver, the wizard's and the library's, either writes the target or refuses it with a
+    // reason; a refusal leaves the old file as it was and nothing of its own behind.
+    void saveTargets_data() {
         QTest::addColumn<QString>("target");   // in a fresh folder
         QTest::addColumn<QString>("oldFile");  // a file there that must come out byte-identical
-        QTest::addColumn<QString>("mode");     // the mode its own folder is left with, 0 as it is
-        addRows("save failures");
-    }
-    void failureKeepsOldFile() {
-#ifndef Q_OS_UNIX
-        QSKIP("The failures are made with the mode bits and limits of a Unix system");
+        QTest::addColumn<QString>("setup");    // a mode for the old file's folder, or what is done
+        QTest::addColumn<QString>("wizard");   // "refuses", "writes" or "either"
+        QTest::addColumn<QString>("library");
+#ifdef Q_OS_WIN
+        const QString platform = QStringLiteral("windows");
 #else
+        const QString platform = QStringLiteral("unix");
+#endif
+        // Rows for the other platform's own kinds of target are not this platform's tests.
+        for (const QJsonValue& row : dataEntry("output_tables.json", "save targets").toArray()) {
+            const QString only = row[4].toString();
+            if (!only.isEmpty() && only != platform) continue;
+            QTest::newRow(qPrintable(row[0].toString()))
+                << row[1].toString() << row[2].toString() << row[3].toString() << row[5].toString()
+                << row[6].toString();
+        }
+    }
+    void saveTargets() {
         QFETCH(QString, target);
         QFETCH(QString, oldFile);
-        QFETCH(QString, mode);
-        const int locked = mode.toInt(nullptr, 8);
+        QFETCH(QString, setup);
+        QFETCH(QString, wizard);
+        QFETCH(QString, library);
         const QByteArray tag = QTest::currentDataTag();
         QTemporaryDir dir;
+        // A folder deep enough that the whole path is over 260 characters.
+        const QString deep = QStringList(4, QString(70, u'd')).join(u'/');
+        target.replace("@LONG@", deep), oldFile.replace("@LONG@", deep);
+        target.replace("@PREFIXED@", "\\\\?\\" + QDir::toNativeSeparators(dir.path()) + u'\\');
         const QString path = QDir(dir.path()).filePath(target), old = dir.filePath(oldFile);
         if (!QFileInfo::exists(path) && tag == "full device") QSKIP("No /dev/full on this system");
-        // Nothing reads the pipe: a write into it would wait for ever.
-        if (tag == "named pipe") QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
         if (!oldFile.isEmpty())
             QVERIFY(QDir(dir.path()).mkpath(QFileInfo(old).path()) && WriteBytes(old, kOldBytes));
         QString folder = QFileInfo(path).path();  // where a temporary file would be left behind
-        if (!QFileInfo::exists(folder)) folder = dir.path();
+        if (!QFileInfo(folder).isDir()) folder = dir.path();
+        const auto permissions = QFileInfo(old).permissions();
+        const auto restore = qScopeGuard([&] {
+            if (!oldFile.isEmpty()) QFile::setPermissions(old, permissions);
+        });
+        if (setup == u"read-only")
+            QVERIFY(QFile::setPermissions(old, QFileDevice::ReadOwner | QFileDevice::ReadUser));
+#ifndef Q_OS_WIN
+        // Nothing reads the pipe: a write into it would wait for ever.
+        if (setup == u"fifo") QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        const int locked = setup.toInt(nullptr, 8);
         if (locked) {
             // The old file's folder loses its write or its execute right; the folder around it
             // lets anyone through.
             QCOMPARE(chmod(QFile::encodeName(dir.path()).constData(), 0705), 0);
             QCOMPARE(chmod(QFile::encodeName(folder).constData(), mode_t(locked)), 0);
         }
+#endif
         const QStringList before = EntriesOf(folder);
+        const QString name = QFileInfo(path).fileName();
+        const QStringList written = QStringList(before + QStringList{name});
 
-        // Mode bits do not stop the superuser, as whom tests may run: for the save the test takes
-        // on the rights of the user "nobody". So it does before a save into /dev, which, were the
-        // refusal of devices ever lost, would otherwise replace /dev/full itself. A write past the
-        // size limit fails instead of ending the process, as on a full disk.
+#ifdef Q_OS_WIN
+        // During the saves another program holds the old file open and shares it with nobody.
+        HANDLE held = INVALID_HANDLE_VALUE;
+        const auto takeOn = [&] {
+            if (setup != u"held open") return true;
+            held =
+                CreateFileW(reinterpret_cast<const wchar_t*>(QDir::toNativeSeparators(old).utf16()),
+                            GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+            return held != INVALID_HANDLE_VALUE;
+        };
+        const auto giveBack = [&] {
+            if (held != INVALID_HANDLE_VALUE)
+                CloseHandle(std::exchange(held, INVALID_HANDLE_VALUE));
+        };
+        const auto undo = qScopeGuard(giveBack);
+#else
+        // Mode bits do not stop the superuser, as whom tests may run: for the saves the test
+        // takes on the rights of the user "nobody". So it does before a save into /dev, which,
+        // were the refusal of devices ever lost, would otherwise replace /dev/full itself. A write
+        // past the size limit fails instead of ending the process, as on a full disk.
         const bool root = (locked || tag == "full device") && geteuid() == 0;
+        const auto takeOn = [root] {
+            return !root || (setegid(65534) == 0 && seteuid(65534) == 0);
+        };
         const auto giveBack = [root] {
             if (root && (seteuid(0) != 0 || setegid(0) != 0))
                 qFatal("The rights were not given back");
         };
         const auto undo = qScopeGuard(giveBack);
-        if (root && (setegid(65534) != 0 || seteuid(65534) != 0))
-            QSKIP("Cannot take on the rights of an ordinary user");
         rlimit limit{};
         QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
         const auto lift = qScopeGuard([limit] { setrlimit(RLIMIT_FSIZE, &limit); });
@@ -275,17 +328,44 @@ class TestOutput : public FormFixture {
             const rlimit small{100, limit.rlim_max};
             QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
         }
+#endif
+        QVERIFY2(takeOn(), "Cannot take on the rights of an ordinary user, or hold the file");
 
+        // What a saver did, and whether the folder and the file it had are as that leaves them.
+        const auto check = [&](const QString& saver, const QString& expected, bool wrote,
+                               const QByteArray& had, const QString& said) {
+            const QString did = wrote ? QStringLiteral("writes") : QStringLiteral("refuses");
+            qInfo("%s %s: %s", qPrintable(saver), qPrintable(did), qPrintable(said));
+            if (expected != u"either") QCOMPARE(did, expected);
+            if (wrote) {
+                if (QFileInfo(path).isFile()) QVERIFY(ReadBytes(path).startsWith("; "));
+                QVERIFY2(EntriesOf(folder) == before || EntriesOf(folder) == written,
+                         qPrintable(EntriesOf(folder).join(u',')));
+            } else {
+                QCOMPARE(EntriesOf(folder), before);  // no temporary file left behind
+                if (!oldFile.isEmpty()) QCOMPARE(ReadBytes(old), had);
+            }
+        };
         gui::seams::QueueSaveAnswer(path);
         gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
         finished_Click(form());
         giveBack();
+        QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(1));
+        const bool wizardWrote =
+            gui::seams::MsgBoxCalls().front().style.icon != gui::MsgIcon::Critical;
+        const QString shown = QDir::toNativeSeparators(path);
+        CheckTold(
+            "File " + shown + (wizardWrote ? " has been created!" : " could not be written: "),
+            wizardWrote ? gui::MsgIcon::Information : gui::MsgIcon::Critical);
+        check("the wizard", wizard, wizardWrote, kOldBytes, gui::seams::MsgBoxCalls().front().text);
 
-        CheckTold("File " + QDir::toNativeSeparators(path) + " could not be written: ",
-                  gui::MsgIcon::Critical);
-        QCOMPARE(EntriesOf(folder), before);  // no temporary file left behind
-        if (!oldFile.isEmpty()) QCOMPARE(ReadBytes(old), kOldBytes);
-#endif
+        const QByteArray had = oldFile.isEmpty() ? QByteArray() : ReadBytes(old);
+        QVERIFY(takeOn());
+        const std::optional<QString> refused =
+            SaveLibraryFile(ReadForm(form()), path, gui::Now(), true);
+        giveBack();
+        QVERIFY(!refused || !refused->isEmpty());  // a refusal says why
+        check("the library", library, !refused, had, refused.value_or(QString()));
     }
 };
 
