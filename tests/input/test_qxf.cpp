@@ -461,7 +461,7 @@ class TestQxf : public FormFixture {
         QCOMPARE(question.style, (gui::MsgStyle{.buttons = gui::MsgButton::Yes | gui::MsgButton::No,
                                                 .icon = gui::MsgIcon::Warning,
                                                 .defaultButton = gui::MsgButton::No}));
-        QVERIFY(question.text.contains(path));
+        QVERIFY(question.text.contains(QDir::toNativeSeparators(path)));
         // A folder, a device, a pipe with no writer and a file of 100 MB: refused at once. A QLC+
         // fixture that is no XML at all is refused as XML, not as the other kind of file.
         const QString huge = dir.filePath("huge.qxf");
@@ -577,7 +577,7 @@ class TestQxf : public FormFixture {
 #endif
         for (const auto& [to, why] : unwritable) {
             QCOMPARE(Run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
-            const QString start = "rigwright: cannot write into " + to + ": ";
+            const QString start = "rigwright: cannot write into " + native(to) + ": ";
             QVERIFY2((printed + errors).startsWith(start) && errors.endsWith(u'\n') &&
                          errors.size() > start.size() + 1 && errors.count(u'\n') == 1,
                      qPrintable(printed + errors));
@@ -596,7 +596,8 @@ class TestQxf : public FormFixture {
         const QString saved = dir.filePath("saved.R20");
         QVERIFY(!SaveFixtureFile(ReadForm(form()), saved, gui::Now()));
         const QByteArray converted = ReadBytes(first);
-        QCOMPARE(ReadBytes(saved).replace(saved.toUtf8(), first.toUtf8()), converted);
+        QCOMPARE(ReadBytes(saved).replace(native(saved).toUtf8(), native(first).toUtf8()),
+                 converted);
 
         // On a terminal the progress stands again after every line, and nothing of it stays.
         QStringList many;
@@ -620,7 +621,7 @@ class TestQxf : public FormFixture {
                                    common::SystemPath(common::FromSystemBytes(latin)), copied);
         QVERIFY2(!copied, copied.message().c_str());
         QCOMPARE(Run({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed), 0);
-        QCOMPARE(common::ToSystemBytes(printed), latin + " (mode \"Mode 1\"): ok\n");
+        QCOMPARE(printed, native(common::FromSystemBytes(latin)) + " (mode \"Mode 1\"): ok\n");
 
         // A link in the folder is never written through, not even with --force; a file of
         // another fixture keeps its name, run after run. An input named twice is converted once,
