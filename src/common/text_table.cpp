@@ -22,19 +22,31 @@ const QString& TextTable::cell(int row, int col) const {
     return texts_[cells_[static_cast<qsizetype>(row) * cols_ + col]];
 }
 
-void TextTable::rehash() {
-    slots_.fill(0, std::max<qsizetype>(64, slots_.size() * 2));
-    const qsizetype mask = slots_.size() - 1;
+void TextTable::rehash(qsizetype size) {
+    slots_.fill(0, size);
+    const qsizetype mask = size - 1;
+    quint32* const taken = slots_.data();
+    const QString* const texts = texts_.constData();
     for (qsizetype number = 1; number < texts_.size(); ++number) {
-        qsizetype at = HashOf(texts_[number]) & mask;
-        while (slots_[at] != 0) at = (at + 1) & mask;
-        slots_[at] = static_cast<quint32>(number);
+        qsizetype at = HashOf(texts[number]) & mask;
+        while (taken[at] != 0) at = (at + 1) & mask;
+        taken[at] = static_cast<quint32>(number);
     }
+}
+
+void TextTable::reserve(int rows) {
+    cells_.reserve(static_cast<qsizetype>(rows) * cols_);
+    const qsizetype texts = texts_.size() + rows;
+    texts_.reserve(texts);
+    // A quarter full: the texts a few rows share fit in beside them.
+    qsizetype size = std::max<qsizetype>(64, slots_.size());
+    while (size < 4 * texts) size *= 2;
+    if (size > slots_.size()) rehash(size);
 }
 
 quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (text.isEmpty()) return 0;
-    if (2 * texts_.size() >= slots_.size()) rehash();
+    if (2 * texts_.size() >= slots_.size()) rehash(std::max<qsizetype>(64, slots_.size() * 2));
     const qsizetype mask = slots_.size() - 1;
     qsizetype at = HashOf(text) & mask;
     const quint32* const taken = slots_.constData();
