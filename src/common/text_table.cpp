@@ -14,39 +14,41 @@ quint32 HashOf(QStringView text) {
     return hash;
 }
 
+// The value of a whole number as QString::number prints it: digits without a leading zero,
+// at most nine of them; -1 for any other text.
+int PrintedValue(QStringView text) {
+    if (text.isEmpty() || text.size() > 9 || (text[0] == u'0' && text.size() > 1)) return -1;
+    int value = 0;
+    for (const QChar c : text) {
+        if (c < u'0' || c > u'9') return -1;
+        value = value * 10 + (c.unicode() - u'0');
+    }
+    return value;
+}
+
 }  // namespace
 
-const QString& TextTable::cell(int row, int col) const {
-    static const QString kNone;
-    if (!inside(row, col)) return kNone;
-    return texts_[cells_[static_cast<qsizetype>(row) * cols_ + col]];
+QString TextTable::cell(int row, int col) const {
+    if (!inside(row, col)) return {};
+    const quint32 number = cells_[static_cast<qsizetype>(row) * cols_ + col];
+    if (number & kValue) return QString::number(number & ~kValue);
+    return texts_[number];
 }
 
-void TextTable::rehash(qsizetype size) {
-    slots_.fill(0, size);
-    const qsizetype mask = size - 1;
-    quint32* const taken = slots_.data();
-    const QString* const texts = texts_.constData();
+void TextTable::rehash() {
+    slots_.fill(0, std::max<qsizetype>(64, slots_.size() * 2));
+    const qsizetype mask = slots_.size() - 1;
     for (qsizetype number = 1; number < texts_.size(); ++number) {
-        qsizetype at = HashOf(texts[number]) & mask;
-        while (taken[at] != 0) at = (at + 1) & mask;
-        taken[at] = static_cast<quint32>(number);
+        qsizetype at = HashOf(texts_[number]) & mask;
+        while (slots_[at] != 0) at = (at + 1) & mask;
+        slots_[at] = static_cast<quint32>(number);
     }
-}
-
-void TextTable::reserve(int rows) {
-    cells_.reserve(static_cast<qsizetype>(rows) * cols_);
-    const qsizetype texts = texts_.size() + rows;
-    texts_.reserve(texts);
-    // A quarter full: the texts a few rows share fit in beside them.
-    qsizetype size = std::max<qsizetype>(64, slots_.size());
-    while (size < 4 * texts) size *= 2;
-    if (size > slots_.size()) rehash(size);
 }
 
 quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (text.isEmpty()) return 0;
-    if (2 * texts_.size() >= slots_.size()) rehash(std::max<qsizetype>(64, slots_.size() * 2));
+    if (const int value = PrintedValue(text); value >= 0) return kValue | value;
+    if (2 * texts_.size() >= slots_.size()) rehash();
     const qsizetype mask = slots_.size() - 1;
     qsizetype at = HashOf(text) & mask;
     const quint32* const taken = slots_.constData();

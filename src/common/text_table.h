@@ -1,7 +1,9 @@
 #pragma once
 // Rows of cell texts, held compactly: a cell is the number of its text, and each distinct
 // text is stored once. A full channel table repeats a few dozen texts half a million times,
-// and a copy of the table shares its texts and cells until one of them changes.
+// and a copy of the table shares its texts and cells until one of them changes. A cell that
+// holds a whole number keeps the number itself: the offsets differ from row to row, and a
+// string for each would cost more than its row.
 
 #include <QList>
 #include <QString>
@@ -18,21 +20,18 @@ class TextTable {
     int cols() const { return cols_; }
 
     // A place outside the table reads as an empty cell and takes no text.
-    const QString& cell(int row, int col) const;
+    QString cell(int row, int col) const;
     void setCell(int row, int col, QStringView text) { setCell(row, col, text, nullptr); }
     // A text that is new to the table is kept as it is, its characters shared.
     void setCell(int row, int col, const QString& text) { setCell(row, col, text, &text); }
 
-    // The number of a text, which every cell that holds it shares; a cell may take it by
+    // The number that stands for a text in every cell that holds it; a cell may take it by
     // number, as a reader does for texts it has seen before.
     quint32 numberOf(QStringView text) { return numberOf(text, nullptr); }
-    quint32 numberOf(const QString& text) { return numberOf(text, &text); }
     // A row at the end whose cells take the texts numbered `numbers`, one per column.
     void appendRow(const quint32* numbers);
-
-    // Room for `rows` rows in all and a text of its own for each, so that a reader that knows
-    // how many rows come grows the table once.
-    void reserve(int rows);
+    // Room for `rows` rows in all, so that a reader that knows how many come grows it once.
+    void reserve(int rows) { cells_.reserve(static_cast<qsizetype>(rows) * cols_); }
 
     // A row of empty cells before `row` (at the end for rows()).
     void insertRow(int row);
@@ -45,7 +44,11 @@ class TextTable {
     }
     void setCell(int row, int col, QStringView text, const QString* whole);
     quint32 numberOf(QStringView text, const QString* whole);
-    void rehash(qsizetype size);
+    void rehash();
+
+    // The numbers with this bit stand for a whole number as QString::number prints it, the
+    // bits below being its value; the others for texts_[number].
+    static constexpr quint32 kValue = 0x80000000u;
 
     int cols_;
     QList<quint32> cells_;          // row after row: the number of each cell's text

@@ -1,5 +1,6 @@
 #include "input/channel_lines.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "common/code_page.h"
@@ -258,7 +259,10 @@ QString ChannelRows::add(QByteArrayView bytes, int number) {
         offset = OffsetOf(fields.offset);
         shape = &shapes_.try_emplace({around.head, around.tail}, shapeOf(fields)).first->second;
     }
-    const QString offsetText = QString::fromLatin1(around.digits);
+    // The offset's digits as text, kept in a string of its own only when new to the table.
+    char16_t digits[kMostDigits];
+    std::copy(around.digits.begin(), around.digits.end(), digits);
+    const QStringView offsetText(digits, static_cast<qsizetype>(around.digits.size()));
 
     if (mayPair_ && shape->zeroKeyWheel && around.tail == waitingTail_ && offset > 0 &&
         IsLowLetterOf(shape->letter, waitingLetter_)) {

@@ -1,5 +1,7 @@
 #include "input/fixture_reader.h"
 
+#include <cstring>
+
 #include "common/code_page.h"
 #include "input/channel_lines.h"
 #include "input/file_bytes.h"
@@ -31,9 +33,9 @@ class LineCursor {
   private:
     void take(qsizetype from) {
         start_ = from;
-        qsizetype end = bytes_.indexOf('\n', from);
-        next_ = end < 0 ? bytes_.size() : end + 1;
-        if (end < 0) end = bytes_.size();
+        const void* found = std::memchr(bytes_.data() + from, '\n', bytes_.size() - from);
+        qsizetype end = found ? static_cast<const char*>(found) - bytes_.data() : bytes_.size();
+        next_ = found ? end + 1 : end;
         if (end > from && end < bytes_.size() && bytes_[end - 1] == '\r') --end;
         length_ = std::max<qsizetype>(0, end - from);
     }
