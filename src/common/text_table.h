@@ -30,8 +30,6 @@ class TextTable {
     quint32 numberOf(QStringView text) { return numberOf(text, nullptr); }
     // A row at the end whose cells take the texts numbered `numbers`, one per column.
     void appendRow(const quint32* numbers);
-    // Room for `rows` rows in all, so that a reader that knows how many come grows it once.
-    void reserve(int rows) { cells_.reserve(static_cast<qsizetype>(rows) * cols_); }
 
     // A row of empty cells before `row` (at the end for rows()).
     void insertRow(int row);

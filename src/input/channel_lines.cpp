@@ -234,7 +234,8 @@ QString ChannelRows::add(QByteArrayView bytes, int number) {
     auto at = [number](const QString& reason) {
         return QStringLiteral("line %1: %2").arg(number).arg(reason);
     };
-    // A line of a shape seen before needs no more than its offset read.
+    // A line whose bytes before and behind the offset are those of a line read before reads
+    // as that one did but for its offset, which is checked here as the parse checks it.
     const std::string_view line(bytes.data(), static_cast<std::size_t>(bytes.size()));
     AroundOffset around;
     int offset = -1;
@@ -259,7 +260,7 @@ QString ChannelRows::add(QByteArrayView bytes, int number) {
         offset = OffsetOf(fields.offset);
         shape = &shapes_.try_emplace({around.head, around.tail}, shapeOf(fields)).first->second;
     }
-    // The offset's digits as text, kept in a string of its own only when new to the table.
+    // The offset's digits (at most five, as checked) as text, without a string of their own.
     char16_t digits[kMostDigits];
     std::copy(around.digits.begin(), around.digits.end(), digits);
     const QStringView offsetText(digits, static_cast<qsizetype>(around.digits.size()));

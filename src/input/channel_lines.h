@@ -29,8 +29,6 @@ QString ParseChannelLine(QStringView text, ChannelLine& line);
 // Collects the rows of the channel grid from the lines of the DMX section, in order.
 class ChannelRows {
   public:
-    // Makes room for as many rows as the file says it has channels.
-    void expect(int rows) { rows_.reserve(std::min(rows, common::kMaxChannelRows)); }
     // Takes the bytes of the next line as the file holds them (`number` counts the lines of
     // the file from 1); they must live as long as this collector. The reason when the line
     // cannot be read, empty when it was taken.

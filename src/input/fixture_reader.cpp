@@ -203,7 +203,6 @@ class Reader {
 
     bool readChannels(common::Fixture& file) {
         ChannelRows rows;
-        rows.expect(channelCount_);
         for (lines_.next(); !lines_.atEnd() && bytes() != "END"; lines_.next()) {
             const QString error = rows.add(bytes(), lines_.number());
             if (!error.isEmpty()) {
