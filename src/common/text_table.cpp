@@ -14,10 +14,12 @@ quint32 HashOf(QStringView text) {
     return hash;
 }
 
-// The value of a whole number as QString::number prints it: digits without a leading zero,
-// at most nine of them; -1 for any other text.
-int PrintedValue(QStringView text) {
-    if (text.isEmpty() || text.size() > 9 || (text[0] == u'0' && text.size() > 1)) return -1;
+// The value of a whole number of four to nine digits as QString::number prints it, with no
+// leading zero; -1 for any other text. Such numbers are kept as values: shorter ones recur
+// (levels, ratios, the offsets of any real fixture) and share a string each, which reads at no
+// cost, while longer ones are the offsets of a long table, each in a row of its own.
+int LargeValue(QStringView text) {
+    if (text.size() < 4 || text.size() > 9 || text[0] == u'0') return -1;
     int value = 0;
     for (const QChar c : text) {
         if (c < u'0' || c > u'9') return -1;
@@ -47,7 +49,7 @@ void TextTable::rehash() {
 
 quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (text.isEmpty()) return 0;
-    if (const int value = PrintedValue(text); value >= 0) return kValue | value;
+    if (const int value = LargeValue(text); value >= 0) return kValue | value;
     if (2 * texts_.size() >= slots_.size()) rehash();
     const qsizetype mask = slots_.size() - 1;
     qsizetype at = HashOf(text) & mask;

@@ -2,8 +2,8 @@
 // Rows of cell texts, held compactly: a cell is the number of its text, and each distinct
 // text is stored once. A full channel table repeats a few dozen texts half a million times,
 // and a copy of the table shares its texts and cells until one of them changes. A cell that
-// holds a whole number keeps the number itself: the offsets differ from row to row, and a
-// string for each would cost more than its row.
+// holds a large whole number keeps the number itself: the offsets of a long table differ from
+// row to row, and a string for each would cost more than its row.
 
 #include <QList>
 #include <QString>
@@ -44,8 +44,8 @@ class TextTable {
     quint32 numberOf(QStringView text, const QString* whole);
     void rehash();
 
-    // The numbers with this bit stand for a whole number as QString::number prints it, the
-    // bits below being its value; the others for texts_[number].
+    // The numbers with this bit stand for a large whole number as QString::number prints it,
+    // the bits below being its value; the others for texts_[number].
     static constexpr quint32 kValue = 0x80000000u;
 
     int cols_;
