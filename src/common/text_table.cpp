@@ -68,19 +68,23 @@ void TextTable::setCell(int row, int col, QStringView text, const QString* whole
 }
 
 void TextTable::insertRow(int row) {
-    if (row < 0 || row > rows()) return;
+    if (row < 0 || row > rows_ || cols_ == 0) return;
     cells_.insert(static_cast<qsizetype>(row) * cols_, cols_, 0);
+    ++rows_;
 }
 
 void TextTable::appendRow(const quint32* numbers) {
+    if (cols_ == 0) return;
     const qsizetype end = cells_.size();
     cells_.resize(end + cols_);
     std::copy(numbers, numbers + cols_, cells_.data() + end);
+    ++rows_;
 }
 
 void TextTable::removeRow(int row) {
-    if (row < 0 || row >= rows()) return;
+    if (row < 0 || row >= rows_) return;
     cells_.remove(static_cast<qsizetype>(row) * cols_, cols_);
+    --rows_;
 }
 
 }  // namespace common

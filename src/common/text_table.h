@@ -16,7 +16,7 @@ class TextTable {
   public:
     explicit TextTable(int cols = 0) : cols_(cols) {}
 
-    int rows() const { return cols_ == 0 ? 0 : static_cast<int>(cells_.size() / cols_); }
+    int rows() const { return rows_; }
     int cols() const { return cols_; }
 
     // A place outside the table reads as an empty cell and takes no text.
@@ -49,6 +49,7 @@ class TextTable {
     static constexpr quint32 kValue = 0x80000000u;
 
     int cols_;
+    int rows_ = 0;                  // a table of no columns has no rows
     QList<quint32> cells_;          // row after row: the number of each cell's text
     QStringList texts_{QString()};  // every text a cell has held; 0 is the empty one
     // The numbers of the texts by their hash: open addressing, 0 marks a free slot, and the
