@@ -47,6 +47,11 @@ std::optional<QString> FromFileBytes(QByteArrayView bytes) {
     return text;
 }
 
+bool ReadsAsText(QByteArrayView bytes) {
+    return bytes.isEmpty() || MultiByteToWideChar(GetACP(), MB_ERR_INVALID_CHARS, bytes.data(),
+                                                  static_cast<int>(bytes.size()), nullptr, 0) > 0;
+}
+
 #else
 
 namespace {
@@ -97,6 +102,10 @@ std::optional<QString> FromFileBytes(QByteArrayView bytes) {
         *out++ = QChar(c);
     }
     return text;
+}
+
+bool ReadsAsText(QByteArrayView) {
+    return true;  // Windows-1252 reads every byte
 }
 
 #endif

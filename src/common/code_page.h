@@ -14,3 +14,5 @@ QByteArray ToFileBytes(const QString& text);
 // The text of `bytes`; nothing when a byte holds no character of the code page (on Windows,
 // of a system code page with gaps: Windows-1252 reads every byte).
 std::optional<QString> FromFileBytes(QByteArrayView bytes);
+// Whether FromFileBytes reads `bytes`, without the text.
+bool ReadsAsText(QByteArrayView bytes);

@@ -14,12 +14,27 @@ quint32 HashOf(QStringView text) {
     return hash;
 }
 
+// The value of a whole number of four to nine digits as QString::number prints it, with no
+// leading zero; -1 for any other text. Such numbers are kept as values: shorter ones recur
+// (levels, ratios, the offsets of any real fixture) and share a string each, which reads at no
+// cost, while longer ones are the offsets of a long table, each in a row of its own.
+int LargeValue(QStringView text) {
+    if (text.size() < 4 || text.size() > 9 || text[0] == u'0') return -1;
+    int value = 0;
+    for (const QChar c : text) {
+        if (c < u'0' || c > u'9') return -1;
+        value = value * 10 + (c.unicode() - u'0');
+    }
+    return value;
+}
+
 }  // namespace
 
-const QString& TextTable::cell(int row, int col) const {
-    static const QString kNone;
-    if (!inside(row, col)) return kNone;
-    return texts_[cells_[static_cast<qsizetype>(row) * cols_ + col]];
+QString TextTable::cell(int row, int col) const {
+    if (!inside(row, col)) return {};
+    const quint32 number = cells_[static_cast<qsizetype>(row) * cols_ + col];
+    if (number & kValue) return QString::number(number & ~kValue);
+    return texts_[number];
 }
 
 void TextTable::rehash() {
@@ -34,6 +49,7 @@ void TextTable::rehash() {
 
 quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (text.isEmpty()) return 0;
+    if (const int value = LargeValue(text); value >= 0) return kValue | value;
     if (2 * texts_.size() >= slots_.size()) rehash();
     const qsizetype mask = slots_.size() - 1;
     qsizetype at = HashOf(text) & mask;
@@ -52,19 +68,23 @@ void TextTable::setCell(int row, int col, QStringView text, const QString* whole
 }
 
 void TextTable::insertRow(int row) {
-    if (row < 0 || row > rows()) return;
+    if (row < 0 || row > rows_ || cols_ == 0) return;
     cells_.insert(static_cast<qsizetype>(row) * cols_, cols_, 0);
+    ++rows_;
 }
 
 void TextTable::appendRow(const quint32* numbers) {
+    if (cols_ == 0) return;
     const qsizetype end = cells_.size();
     cells_.resize(end + cols_);
     std::copy(numbers, numbers + cols_, cells_.data() + end);
+    ++rows_;
 }
 
 void TextTable::removeRow(int row) {
-    if (row < 0 || row >= rows()) return;
+    if (row < 0 || row >= rows_) return;
     cells_.remove(static_cast<qsizetype>(row) * cols_, cols_);
+    --rows_;
 }
 
 }  // namespace common

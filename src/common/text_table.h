@@ -1,7 +1,9 @@
 #pragma once
 // Rows of cell texts, held compactly: a cell is the number of its text, and each distinct
 // text is stored once. A full channel table repeats a few dozen texts half a million times,
-// and a copy of the table shares its texts and cells until one of them changes.
+// and a copy of the table shares its texts and cells until one of them changes. A cell that
+// holds a large whole number keeps the number itself: the offsets of a long table differ from
+// row to row, and a string for each would cost more than its row.
 
 #include <QList>
 #include <QString>
@@ -14,16 +16,16 @@ class TextTable {
   public:
     explicit TextTable(int cols = 0) : cols_(cols) {}
 
-    int rows() const { return cols_ == 0 ? 0 : static_cast<int>(cells_.size() / cols_); }
+    int rows() const { return rows_; }
     int cols() const { return cols_; }
 
     // A place outside the table reads as an empty cell and takes no text.
-    const QString& cell(int row, int col) const;
+    QString cell(int row, int col) const;
     void setCell(int row, int col, QStringView text) { setCell(row, col, text, nullptr); }
     // A text that is new to the table is kept as it is, its characters shared.
     void setCell(int row, int col, const QString& text) { setCell(row, col, text, &text); }
 
-    // The number of a text, which every cell that holds it shares; a cell may take it by
+    // The number that stands for a text in every cell that holds it; a cell may take it by
     // number, as a reader does for texts it has seen before.
     quint32 numberOf(QStringView text) { return numberOf(text, nullptr); }
     // A row at the end whose cells take the texts numbered `numbers`, one per column.
@@ -42,7 +44,12 @@ class TextTable {
     quint32 numberOf(QStringView text, const QString* whole);
     void rehash();
 
+    // The numbers with this bit stand for a large whole number as QString::number prints it,
+    // the bits below being its value; the others for texts_[number].
+    static constexpr quint32 kValue = 0x80000000u;
+
     int cols_;
+    int rows_ = 0;                  // a table of no columns has no rows
     QList<quint32> cells_;          // row after row: the number of each cell's text
     QStringList texts_{QString()};  // every text a cell has held; 0 is the empty one
     // The numbers of the texts by their hash: open addressing, 0 marks a free slot, and the

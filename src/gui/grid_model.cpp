@@ -11,7 +11,7 @@ GridModel::GridModel(int cols, std::vector<Qt::Alignment> alignments)
     body_.appendRow();
 }
 
-const QString& GridModel::Cell(int row, int col) const {
+QString GridModel::Cell(int row, int col) const {
     if (row == 0 && col >= 0 && col < cols_) return heads_[col];
     return body_.cell(row - 1, col);
 }

@@ -20,7 +20,7 @@ class GridModel : public QAbstractTableModel {
     int Rows() const { return body_.rows() + 1; }
     int Cols() const { return cols_; }
     // A place outside the grid reads as an empty cell and takes no text.
-    const QString& Cell(int row, int col) const;
+    QString Cell(int row, int col) const;
     void SetCell(int row, int col, const QString& text);
     void InsertRow(int before, std::vector<QString> cells);
     void RemoveRow(int row);

@@ -11,7 +11,23 @@
 
 namespace gui {
 
+namespace {
+
+// The column of marks, whose width the grid sets. Qt would measure the first and the last
+// hundred marks for it all the same, each time the rows change.
+class MarkHeader : public QHeaderView {
+  public:
+    explicit MarkHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {}
+    QSize sizeHint() const override {
+        if (minimumWidth() != maximumWidth()) return QHeaderView::sizeHint();
+        return {minimumWidth(), defaultSectionSize()};
+    }
+};
+
+}  // namespace
+
 GridView::GridView(QWidget* parent) : QTableView(parent) {
+    setVerticalHeader(new MarkHeader(this));
     // The heads and the marks report their clicks. A press on one would select its whole
     // column or row, and a drag over them extend that: a head moves the current cell instead.
     QHeaderView* heads = horizontalHeader();

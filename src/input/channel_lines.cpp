@@ -1,5 +1,10 @@
 #include "input/channel_lines.h"
 
+#include <algorithm>
+#include <optional>
+
+#include "common/code_page.h"
+
 namespace input {
 
 namespace {
@@ -95,16 +100,31 @@ bool ReadLabel(QStringView text, ChannelLine& line) {
     return false;
 }
 
-const QString& TypeOfLetter(QStringView letter) {
-    static const QString none;
-    if (letter == u"L" || letter == u"s") return kFadeable;
-    if (letter == u"I" || letter == u"S") return kIndexed;
-    if (letter == u"H") return kHtp;
-    return none;
+// The type letter as one character, 0 for none; what is no letter of the file becomes '?'.
+char LetterOf(QStringView letter) {
+    if (letter.isEmpty()) return 0;
+    const char16_t c = letter[0].unicode();
+    return letter.size() == 1 && c < 0x80 ? static_cast<char>(c) : '?';
 }
 
-bool IsHighLetter(QStringView letter) {
-    return letter == u"s" || letter == u"S";
+const QString& TypeOfLetter(char letter) {
+    static const QString none;
+    switch (letter) {
+        case 'L':
+        case 's':
+            return kFadeable;
+        case 'I':
+        case 'S':
+            return kIndexed;
+        case 'H':
+            return kHtp;
+        default:
+            return none;
+    }
+}
+
+bool IsHighLetter(char letter) {
+    return letter == 's' || letter == 'S';
 }
 
 // An offset the wizard writes is a 16-bit value.
@@ -131,13 +151,43 @@ const QString& AttributeCell(QStringView attribute) {
     return kForms[c <= u'9' ? c - u'0' : 10 + c - u'A'];
 }
 
-// Whether `low` is the low byte line of the channel whose first line is `high`.
-bool IsLowByteOf(const ChannelLine& low, const ChannelLine& high) {
-    if (low.key != u"0" || low.wheel != u"0" || low.tail != high.tail) return false;
-    if (OffsetOf(low.offset) <= 0) return false;
-    if (IsHighLetter(high.letter)) return TypeOfLetter(low.letter) == TypeOfLetter(high.letter);
+// Whether a low byte line with the letter `low` belongs to a first line with the letter `high`.
+bool IsLowLetterOf(char low, char high) {
+    if (IsHighLetter(high)) return TypeOfLetter(low) == TypeOfLetter(high);
     // A first line without a letter is an HTP channel's high byte, or a channel of no type.
-    return low.letter == u"H" || low.letter.isEmpty();
+    return low == 'H' || low == 0;
+}
+
+// A line's bytes around its offset: those before it (key, wheel and letter, each with its
+// blank), the offset's digits, and those behind them.
+struct AroundOffset {
+    std::string_view head, digits, tail;
+};
+
+// Splits a line at the blanks around its offset, the third and the fourth; false when it has
+// fewer.
+bool SplitAtOffset(std::string_view line, AroundOffset& around) {
+    std::size_t at = 0;
+    for (int blanks = 0; blanks < 3; ++at) {
+        if (at == line.size()) return false;
+        if (line[at] == ' ') ++blanks;
+    }
+    const std::size_t end = line.find(' ', at);
+    if (end == std::string_view::npos) return false;
+    around = {line.substr(0, at), line.substr(at, end - at), line.substr(end)};
+    return true;
+}
+
+// The value of an offset as the parse of a line takes it: at most five digits, or none, and
+// within 16 bits; -1 for any other bytes.
+int OffsetOfBytes(std::string_view digits) {
+    if (digits.size() > kMostDigits) return -1;
+    int value = 0;
+    for (const char c : digits) {
+        if (c < '0' || c > '9') return -1;
+        value = value * 10 + (c - '0');
+    }
+    return value <= kMaxOffset ? value : -1;
 }
 
 }  // namespace
@@ -153,7 +203,7 @@ QString ParseChannelLine(QStringView text, ChannelLine& line) {
     if (parts[7] != u"1")
         return QStringLiteral("not a channel line: field 8 is \"%1\", not 1").arg(parts[7]);
     line.letter = parts[2];
-    if (!line.letter.isEmpty() && TypeOfLetter(line.letter).isEmpty())
+    if (!line.letter.isEmpty() && TypeOfLetter(LetterOf(line.letter)).isEmpty())
         return QStringLiteral("unknown channel type letter \"%1\"").arg(line.letter);
     const char* names[] = {"the key", "the wheel", nullptr, "the offset", "the ratio"};
     for (const int i : {0, 1, 3, 4}) {
@@ -180,64 +230,92 @@ QString ParseChannelLine(QStringView text, ChannelLine& line) {
     return {};
 }
 
-QString ChannelRows::add(QStringView text, int number) {
+QString ChannelRows::add(QByteArrayView bytes, int number) {
     auto at = [number](const QString& reason) {
         return QStringLiteral("line %1: %2").arg(number).arg(reason);
     };
-    ChannelLine line;
-    const QString error = ParseChannelLine(text, line);
-    if (!error.isEmpty()) return at(error);
+    // A line whose bytes before and behind the offset are those of a line read before reads
+    // as that one did but for its offset, which is checked here as the parse checks it.
+    const std::string_view line(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    AroundOffset around;
+    int offset = -1;
+    const Shape* shape = nullptr;
+    if (SplitAtOffset(line, around)) offset = OffsetOfBytes(around.digits);
+    if (offset >= 0) {
+        const auto known = shapes_.find({around.head, around.tail});
+        if (known != shapes_.end()) shape = &known->second;
+    }
+    if (!shape) {
+        // The first line of its shape, or one that does not read: field by field, as text.
+        const std::optional<QString> text = FromFileBytes(bytes);
+        if (!text) return at(QStringLiteral("unreadable bytes"));
+        ChannelLine fields;
+        const QString error = ParseChannelLine(*text, fields);
+        if (!error.isEmpty()) return at(error);
+        // Key, wheel and letter are ASCII: as many bytes as characters.
+        const auto offsetAt = static_cast<std::size_t>(fields.offset.data() - text->data());
+        const auto digits = static_cast<std::size_t>(fields.offset.size());
+        around = {line.substr(0, offsetAt), line.substr(offsetAt, digits),
+                  line.substr(offsetAt + digits)};
+        offset = OffsetOf(fields.offset);
+        shape = &shapes_.try_emplace({around.head, around.tail}, shapeOf(fields)).first->second;
+    }
+    // The offset's digits (at most five, as checked) as text, without a string of their own.
+    char16_t digits[kMostDigits];
+    std::copy(around.digits.begin(), around.digits.end(), digits);
+    const QStringView offsetText(digits, static_cast<qsizetype>(around.digits.size()));
 
-    if (mayPair_ && IsLowByteOf(line, waiting_)) {
+    if (mayPair_ && shape->zeroKeyWheel && around.tail == waitingTail_ && offset > 0 &&
+        IsLowLetterOf(shape->letter, waitingLetter_)) {
         mayPair_ = false;
         const int row = rows_.rows() - 1;
-        rows_.setCell(row, common::kDmx2, line.offset);
-        if (!IsHighLetter(waiting_.letter))
-            rows_.setCell(row, common::kChannelType, TypeOfLetter(line.letter));
-        highest_ = std::max(highest_, OffsetOf(line.offset));
+        rows_.setCell(row, common::kDmx2, offsetText);
+        if (!IsHighLetter(waitingLetter_))
+            rows_.setCell(row, common::kChannelType, TypeOfLetter(shape->letter));
+        highest_ = std::max(highest_, offset);
         return {};
     }
     if (const QString missing = finish(); !missing.isEmpty()) return missing;
     if (rows_.rows() >= common::kMaxChannelRows)
         return at(
             QStringLiteral("the table holds at most %1 channels").arg(common::kMaxChannelRows));
-    const auto view = [](QStringView v) {
-        return std::u16string_view(reinterpret_cast<const char16_t*>(v.utf16()),
-                                   static_cast<std::size_t>(v.size()));
-    };
-    const Shape shape{view(text.first(line.offset.data() - text.data())), view(line.tail)};
-    const auto [known, isNew] = shapes_.try_emplace(shape);
-    std::array<quint32, common::kChannelColumns>& numbers = known->second;
-    if (isNew) {
-        const QStringView cells[] = {u"#",
-                                     {},
-                                     u"0",
-                                     TypeOfLetter(line.letter),
-                                     AttributeCell(line.attribute),
-                                     line.key,
-                                     line.wheel,
-                                     line.label,
-                                     line.curve,
-                                     line.inv,
-                                     line.ratio,
-                                     line.locate,
-                                     line.highlight,
-                                     line.lowlight,
-                                     line.comment};
-        for (int col = 0; col < common::kChannelColumns; ++col)
-            numbers[col] = rows_.numberOf(cells[col]);
-    }
-    numbers[common::kDmx1] = rows_.numberOf(line.offset);
-    rows_.appendRow(numbers.data());
-    highest_ = std::max(highest_, OffsetOf(line.offset));
-    waiting_ = line;
+    std::array<quint32, common::kChannelColumns> cells = shape->cells;
+    cells[common::kDmx1] = rows_.numberOf(offsetText);
+    rows_.appendRow(cells.data());
+    highest_ = std::max(highest_, offset);
+    waitingLetter_ = shape->letter;
+    waitingTail_ = around.tail;
     waitingNumber_ = number;
-    mayPair_ = IsHighLetter(line.letter) || line.letter.isEmpty();
+    mayPair_ = IsHighLetter(shape->letter) || shape->letter == 0;
     return {};
 }
 
+ChannelRows::Shape ChannelRows::shapeOf(const ChannelLine& line) {
+    Shape shape;
+    shape.letter = LetterOf(line.letter);
+    shape.zeroKeyWheel = line.key == u"0" && line.wheel == u"0";
+    const QStringView cells[] = {u"#",
+                                 {},  // the offset, the one cell a shape leaves open
+                                 u"0",
+                                 TypeOfLetter(shape.letter),
+                                 AttributeCell(line.attribute),
+                                 line.key,
+                                 line.wheel,
+                                 line.label,
+                                 line.curve,
+                                 line.inv,
+                                 line.ratio,
+                                 line.locate,
+                                 line.highlight,
+                                 line.lowlight,
+                                 line.comment};
+    for (int col = 0; col < common::kChannelColumns; ++col)
+        shape.cells[col] = rows_.numberOf(cells[col]);
+    return shape;
+}
+
 QString ChannelRows::finish() const {
-    if (mayPair_ && IsHighLetter(waiting_.letter))
+    if (mayPair_ && IsHighLetter(waitingLetter_))
         return QStringLiteral("line %1: the 16-bit channel has no low byte line behind it")
             .arg(waitingNumber_);
     return {};

@@ -3,6 +3,7 @@
 // A 16-bit channel takes two lines: its own and, behind it, the line of its low byte,
 // which starts with "0 0 " and repeats everything behind the offset.
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 #include <array>
@@ -28,10 +29,10 @@ QString ParseChannelLine(QStringView text, ChannelLine& line);
 // Collects the rows of the channel grid from the lines of the DMX section, in order.
 class ChannelRows {
   public:
-    // Takes the next line (`number` counts the lines of the file from 1); its text must live
-    // as long as this collector. The reason when the line cannot be read, empty when it
-    // was taken.
-    QString add(QStringView text, int number);
+    // Takes the bytes of the next line as the file holds them (`number` counts the lines of
+    // the file from 1); they must live as long as this collector. The reason when the line
+    // cannot be read, empty when it was taken.
+    QString add(QByteArrayView bytes, int number);
     // After the last line: the reason when a 16-bit channel still waits for its low byte.
     QString finish() const;
 
@@ -41,22 +42,34 @@ class ChannelRows {
     int highestOffset() const { return highest_; }
 
   private:
-    // A line but for its offset: what stands before the offset, and the tail behind it. A long
-    // table repeats a few shapes, whose cells need reading once.
+    // What a line says but for its offset. A long table repeats a few shapes of line, and a
+    // line of a shape seen before is read by its offset alone.
     struct Shape {
-        std::u16string_view head, tail;
-        bool operator==(const Shape&) const = default;
+        std::array<quint32, common::kChannelColumns> cells;  // the numbers of the cells' texts
+        char letter = 0;                                     // the type letter, 0 for none
+        bool zeroKeyWheel = false;  // key and wheel are "0", as on a low byte line
+    };
+    // The bytes before the offset and behind it.
+    struct ShapeKey {
+        std::string_view head, tail;
+        bool operator==(const ShapeKey&) const = default;
     };
     struct ShapeHash {
-        std::size_t operator()(const Shape& s) const {
-            const std::hash<std::u16string_view> hash;
-            return hash(s.head) * 31 + hash(s.tail);
+        std::size_t operator()(const ShapeKey& key) const {
+            const std::hash<std::string_view> hash;
+            return hash(key.head) * 31 + hash(key.tail);
         }
     };
-    std::unordered_map<Shape, std::array<quint32, common::kChannelColumns>, ShapeHash> shapes_;
+    std::unordered_map<ShapeKey, Shape, ShapeHash> shapes_;
+
+    // A new shape from the fields of its first line, its cells' texts taken into the table.
+    Shape shapeOf(const ChannelLine& line);
 
     common::TextTable rows_{common::kChannelColumns};
-    ChannelLine waiting_;  // the line of the last row while a low byte line may follow it
+    // The last row while a low byte line may follow it: its letter, the bytes behind its
+    // offset and its line number.
+    char waitingLetter_ = 0;
+    std::string_view waitingTail_;
     int waitingNumber_ = 0;
     bool mayPair_ = false;
     int highest_ = 0;

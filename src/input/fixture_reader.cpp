@@ -1,5 +1,7 @@
 #include "input/fixture_reader.h"
 
+#include <cstring>
+
 #include "common/code_page.h"
 #include "input/channel_lines.h"
 #include "input/file_bytes.h"
@@ -8,15 +10,20 @@ namespace input {
 
 namespace {
 
-// The lines of the file's text, one at a time, so that no list of them is kept: a file of
-// many short lines costs no more than its text. CR LF ends a line; LF alone is taken as well,
-// and the last line needs no end. A CR in front of another CR stays in the line.
+// The lines of the file, one at a time, so that no list of them is kept: a file of many short
+// lines costs no more than its bytes. CR LF ends a line; LF alone is taken as well, and the last
+// line needs no end. A CR in front of another CR stays in the line. Every code page the file may
+// be in writes CR, LF and the ASCII characters as the bytes of ASCII, and no other character
+// takes one of those bytes: a line's text is the text of its bytes, and a word of ASCII stands
+// in a line exactly where its bytes stand.
 class LineCursor {
   public:
-    explicit LineCursor(QStringView text) : text_(text) { take(0); }
+    explicit LineCursor(QByteArrayView bytes) : bytes_(bytes) { take(0); }
 
-    bool atEnd() const { return start_ >= text_.size(); }
-    QStringView line() const { return text_.sliced(start_, length_); }
+    bool atEnd() const { return start_ >= bytes_.size(); }
+    QByteArrayView bytes() const { return bytes_.sliced(start_, length_); }
+    // The whole file reads as text: so does each line of it.
+    QString text() const { return FromFileBytes(bytes()).value_or(QString()); }
     int number() const { return number_; }  // counted from 1
     void next() {
         ++number_;
@@ -26,14 +33,14 @@ class LineCursor {
   private:
     void take(qsizetype from) {
         start_ = from;
-        qsizetype end = text_.indexOf(u'\n', from);
-        next_ = end < 0 ? text_.size() : end + 1;
-        if (end < 0) end = text_.size();
-        if (end > from && end < text_.size() && text_[end - 1] == u'\r') --end;
+        const void* found = std::memchr(bytes_.data() + from, '\n', bytes_.size() - from);
+        qsizetype end = found ? static_cast<const char*>(found) - bytes_.data() : bytes_.size();
+        next_ = found ? end + 1 : end;
+        if (end > from && end < bytes_.size() && bytes_[end - 1] == '\r') --end;
         length_ = std::max<qsizetype>(0, end - from);
     }
 
-    QStringView text_;
+    QByteArrayView bytes_;
     qsizetype start_ = 0, length_ = 0, next_ = 0;
     int number_ = 1;
 };
@@ -43,8 +50,8 @@ int LineOfByte(const QByteArray& bytes, qsizetype at) {
     return static_cast<int>(QByteArrayView(bytes).first(at).count('\n')) + 1;
 }
 
-bool IsComment(QStringView line) {
-    return line.isEmpty() || line.startsWith(u';');
+bool IsComment(QByteArrayView line) {
+    return line.isEmpty() || line.startsWith(';');
 }
 
 bool IsWholeNumber(QStringView text) {
@@ -56,7 +63,7 @@ bool IsWholeNumber(QStringView text) {
 
 class Reader {
   public:
-    explicit Reader(QStringView text) : lines_(text) {}
+    explicit Reader(QByteArrayView bytes) : lines_(bytes) {}
 
     ReadOutcome read() {
         common::Fixture file;
@@ -73,20 +80,21 @@ class Reader {
     }
     // The line the cursor stands on, or the file's last line behind the end.
     int last() const { return lines_.atEnd() ? std::max(1, lines_.number() - 1) : lines_.number(); }
-    QStringView line() const { return lines_.line(); }
+    QString line() const { return lines_.text(); }
+    QByteArrayView bytes() const { return lines_.bytes(); }
 
     // Comment lines and empty lines stand between the sections.
     void skipComments() {
-        while (!lines_.atEnd() && IsComment(line())) lines_.next();
+        while (!lines_.atEnd() && IsComment(bytes())) lines_.next();
     }
 
     bool readDevice(common::Fixture& file) {
         skipComments();
-        if (lines_.atEnd() || !(line().startsWith(u"DEVICE ") || line() == u"DEVICE"))
+        const QString l = line();
+        if (lines_.atEnd() || !(l.startsWith(u"DEVICE ") || l == u"DEVICE"))
             return fail(QStringLiteral("DEVICE expected"));
         // The box holds 11 characters: a longer name is cut as the box cuts it.
-        if (line().size() > 7)
-            file.nameOnDesk = line().sliced(7).left(common::kNameOnDeskLength).toString();
+        if (l.size() > 7) file.nameOnDesk = l.sliced(7).left(common::kNameOnDeskLength);
         lines_.next();
         return true;
     }
@@ -96,11 +104,11 @@ class Reader {
     bool readName(common::Fixture& file) {
         skipComments();
         const QLatin1String head("NAME \"");
-        if (lines_.atEnd() || !line().startsWith(head))
-            return fail(QStringLiteral("NAME expected"));
-        if (line().size() < head.size() + 4 || !line().endsWith(u'"'))
+        const QString l = line();
+        if (lines_.atEnd() || !l.startsWith(head)) return fail(QStringLiteral("NAME expected"));
+        if (l.size() < head.size() + 4 || !l.endsWith(u'"'))
             return fail(QStringLiteral("NAME needs \"manufacturer\" \"model\""));
-        const QStringView inner = line().sliced(head.size()).chopped(1);
+        const QStringView inner = QStringView(l).sliced(head.size()).chopped(1);
         const QLatin1String between("\" \"");
         qsizetype split = -1;
         for (qsizetype at = inner.indexOf(between); at >= 0; at = inner.indexOf(between, at + 1)) {
@@ -124,8 +132,8 @@ class Reader {
     bool readHead(common::Fixture& file) {
         bool mirror = false;
         bool inAddress = false;
-        for (; !lines_.atEnd() && line() != u"DMX"; lines_.next()) {
-            const QStringView l = line();
+        for (; !lines_.atEnd() && bytes() != "DMX"; lines_.next()) {
+            const QString l = line();
             if (inAddress) {
                 if (l == u"DAEND")
                     inAddress = false;
@@ -139,7 +147,7 @@ class Reader {
                 if (mirror) return fail(QStringLiteral("a second MIRROR"));
                 if (!readMirror(l, file)) return false;
                 mirror = true;
-            } else if (!IsComment(l) && !IsLimit(l)) {
+            } else if (!IsComment(bytes()) && !IsLimit(l)) {
                 return fail(mirror ? QStringLiteral("DMX expected")
                                    : QStringLiteral("MIRROR expected"));
             }
@@ -195,8 +203,8 @@ class Reader {
 
     bool readChannels(common::Fixture& file) {
         ChannelRows rows;
-        for (lines_.next(); !lines_.atEnd() && line() != u"END"; lines_.next()) {
-            const QString error = rows.add(line(), lines_.number());
+        for (lines_.next(); !lines_.atEnd() && bytes() != "END"; lines_.next()) {
+            const QString error = rows.add(bytes(), lines_.number());
             if (!error.isEmpty()) {
                 error_ = error;
                 return false;
@@ -226,16 +234,16 @@ class Reader {
     // END only comments may stand.
     bool readPatchText(common::Fixture& file) {
         skipComments();
-        if (lines_.atEnd() || line() != u"TEXT") return fail(QStringLiteral("TEXT expected"));
+        if (lines_.atEnd() || bytes() != "TEXT") return fail(QStringLiteral("TEXT expected"));
         lines_.next();
         const LineCursor first = lines_;
         int end = -1;      // the number of the line END that closes the text
         int lastEnd = -1;  // the last line END of all, should no closing block follow
         int junk = -1;     // the first line behind the closing block that is no comment
         for (LineCursor at = first; !at.atEnd(); at.next()) {
-            if (junk < 0 && end > 0 && at.number() > end + 3 && !IsComment(at.line()))
+            if (junk < 0 && end > 0 && at.number() > end + 3 && !IsComment(at.bytes()))
                 junk = at.number();
-            if (at.line() != u"END") continue;
+            if (at.bytes() != "END") continue;
             lastEnd = at.number();
             if (ClosingBlockAt(at)) {
                 end = at.number();
@@ -249,12 +257,12 @@ class Reader {
                 QStringLiteral("line %1: only comments may follow the END of the file").arg(junk);
             return false;
         }
-        QString text;
+        QByteArray text;
         for (LineCursor at = first; at.number() < end; at.next()) {
-            if (at.number() > first.number()) text += QLatin1String("\r\n");
-            text += at.line();
+            if (at.number() > first.number()) text += "\r\n";
+            text += at.bytes();
         }
-        file.patchText = text;
+        if (!text.isEmpty()) file.patchText = FromFileBytes(text).value_or(QString());
         return true;
     }
 
@@ -262,7 +270,7 @@ class Reader {
     static bool ClosingBlockAt(LineCursor at) {
         for (const char* expected : {"ATTR", "obsolete", "END"}) {
             at.next();
-            if (at.atEnd() || at.line() != QLatin1String(expected)) return false;
+            if (at.atEnd() || at.bytes() != expected) return false;
         }
         return true;
     }
@@ -278,8 +286,7 @@ ReadOutcome ReadFixtureBytes(const QByteArray& bytes) {
     if (bytes.isEmpty()) return {std::nullopt, QStringLiteral("the file is empty")};
     if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0)
         return {std::nullopt, QStringLiteral("line %1: a NUL byte").arg(LineOfByte(bytes, nul))};
-    const std::optional<QString> text = FromFileBytes(bytes);
-    if (!text) {
+    if (!ReadsAsText(bytes)) {
         // Only on the way out: the line that holds the byte the code page lacks.
         qsizetype start = 0;
         for (int number = 1;; ++number) {
@@ -291,7 +298,7 @@ ReadOutcome ReadFixtureBytes(const QByteArray& bytes) {
             start = end + 1;
         }
     }
-    return Reader(*text).read();
+    return Reader(bytes).read();
 }
 
 ReadOutcome ReadFixtureFile(const QString& path) {

@@ -46,7 +46,7 @@ QString QuoteLabel(const QString& text) {
 }
 
 std::optional<QString> BuildChannelLine(const TextTable& rows, int row, bool lowByte) {
-    auto cell = [&](int column) -> const QString& { return rows.cell(row, column); };
+    auto cell = [&](int column) { return rows.cell(row, column); };
 
     const std::optional<double> dmx2 = common::WholeNumber(cell(kDmx2));
     if (!dmx2) return std::nullopt;

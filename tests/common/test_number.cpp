@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "common/number.h"
+#include "common/text_table.h"
 
 namespace {
 
@@ -86,6 +87,32 @@ class TestNumber : public QObject {
             const auto v = common::LeadingInt16(QString::fromLatin1(text));
             QVERIFY2((v ? int(*v) : kNoFit) == value, text);
         }
+    }
+
+    // A table keeps a large whole number as its value: every other text that looks like a
+    // number must come back exactly as it went in, and a number must read alike however it
+    // was put in.
+    void tableCellsKeepTheirText_data() {
+        QTest::addColumn<QString>("text");
+        for (const char* text :
+             {"0",          "7",          "999",        "1000", "01000", "32767", "123456789",
+              "1234567890", "2147483648", "4294967295", "007",  "00",    "-1",    "+1",
+              "1 ",         " 1",         "1.0",        "1e3",  "12a",   ""})
+            QTest::newRow(text) << QString::fromLatin1(text);
+        QTest::newRow("Arabic-Indic three") << QStringLiteral("\u0663");
+        QTest::newRow("fullwidth one") << QStringLiteral("\uFF11");
+    }
+    void tableCellsKeepTheirText() {
+        QFETCH(QString, text);
+        common::TextTable table(3);
+        table.appendRow();
+        table.setCell(0, 0, text);
+        table.setCell(0, 1, QStringView(text));
+        const quint32 numbers[] = {0, 0, table.numberOf(text)};
+        table.appendRow(numbers);
+        QCOMPARE(table.cell(0, 0), text);
+        QCOMPARE(table.cell(0, 1), text);
+        QCOMPARE(table.cell(1, 2), text);
     }
 };
 
