@@ -1,6 +1,7 @@
 // Starting from a QLC+ fixture definition: how a mode becomes the pages, the files refused,
 // every fixture Debian ships, the ways in as a person takes them, and the command line that
 // converts and checks whole libraries with the wizard's own code.
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <QAccessible>
@@ -15,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -596,6 +598,61 @@ class TestQxf : public FormFixture {
         QVERIFY(link(QFile::encodeName(qxf).constData(), latin.constData()) == 0);
         QCOMPARE(Run({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed), 0);
         QCOMPARE(common::ToSystemBytes(printed), latin + " (mode \"Mode 1\"): ok\n");
+    }
+    // Files are written a few at a time, yet each mode's lines come in the order of the modes,
+    // with the name it would get one after the other, and the file under that name is its own:
+    // here 24 modes named alike, a name that holds another file, a link, and a mode in the
+    // middle whose file cannot be written, each reported in its place.
+    void convertInTurns() {
+        QTemporaryDir dir;
+        const QString out = dir.filePath("lib"), stem = out + "/Lumenfab-Beam575-Same";
+        QStringList channels, modes(24, "C1");
+        for (int c = 1; c <= 100; ++c) channels << QStringLiteral("C%1@IntensityDimmer").arg(c);
+        constexpr int kBig = 10;  // a file of more than 4 KiB
+        modes[kBig] = QStringList(channels).replaceInStrings("@IntensityDimmer", "").join(u'|');
+        QString xml = Qxf(channels.join(u'|'), modes);
+        QStringList names;  // Greek letters fall away from a file name: one name for all
+        for (int m = 0; m < modes.size(); ++m) {
+            names << QStringLiteral("Same ") + QChar(0x3B1 + m);
+            xml.replace(QStringLiteral("\"Mode %1\"").arg(m + 1), '"' + names.last() + '"');
+        }
+        const QString qxf = dir.filePath("beam.qxf");
+        QVERIFY(WriteBytes(qxf, xml.toUtf8()));
+        QVERIFY(QDir().mkpath(out) && WriteBytes(stem + "-3.R20", "no fixture"));
+        QVERIFY(QFile::link(dir.filePath("nowhere.R20"), stem + "-6.R20"));
+
+        QString expected;
+        for (int m = 0, n = 1; m < modes.size(); ++m, ++n) {
+            n += n == 3;
+            const QString file = stem + (n > 1 ? QStringLiteral("-%1.R20").arg(n) : ".R20");
+            const QString job = qxf + " (mode \"" + names[m] + "\"): ";
+            if (n == 6) {
+                expected += job + file + " is a symbolic link: left as it is\n";
+            } else if (m == kBig) {
+                expected += job + file + " could not be written: File too large\n";
+            } else {
+                if (m > 0)
+                    expected += job +
+                                "Lumenfab-Beam575-Same.R20 holds another fixture; this one is " +
+                                QFileInfo(file).fileName() + "\n";
+                expected += file + "\n";
+            }
+        }
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit small{4096, limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        QString printed;
+        const int code = Run({"--convert", "--to", out, qxf}, &printed, nullptr, true);
+        setrlimit(RLIMIT_FSIZE, &limit);
+        QCOMPARE(code, 1);
+        QCOMPARE(printed, expected);
+        for (const QString& line : printed.split(u'\n'))
+            if (line.startsWith(stem))
+                QVERIFY2(ReadBytes(line).contains("; file " + line.toUtf8() + " saved "),
+                         qPrintable(line));
+        QCOMPARE(QDir(out).entryList({".rigwright-*"}, QDir::Files | QDir::Hidden), {});
     }
     // Names in a library: letters without their accents, never hidden, never too long for a file
     // system, and the messages about them short enough to read.
