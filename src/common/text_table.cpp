@@ -14,6 +14,9 @@ quint32 HashOf(QStringView text) {
     return hash;
 }
 
+// A channel row brings a few texts no row before it had: its offsets, its label, its comment.
+constexpr qsizetype kNewTextsPerRow = 4;
+
 }  // namespace
 
 const QString& TextTable::cell(int row, int col) const {
@@ -22,8 +25,17 @@ const QString& TextTable::cell(int row, int col) const {
     return texts_[cells_[static_cast<qsizetype>(row) * cols_ + col]];
 }
 
-void TextTable::rehash() {
-    slots_.fill(0, std::max<qsizetype>(64, slots_.size() * 2));
+void TextTable::reserve(int rows) {
+    const qsizetype texts = texts_.size() + qsizetype(rows) * kNewTextsPerRow;
+    cells_.reserve(qsizetype(rows) * cols_);
+    texts_.reserve(texts);
+    if (2 * texts >= slots_.size()) rehash(2 * texts);
+}
+
+void TextTable::rehash(qsizetype least) {
+    qsizetype size = std::max<qsizetype>(64, slots_.size() * 2);
+    while (size <= least) size *= 2;
+    slots_.fill(0, size);
     const qsizetype mask = slots_.size() - 1;
     for (qsizetype number = 1; number < texts_.size(); ++number) {
         qsizetype at = HashOf(texts_[number]) & mask;
@@ -34,7 +46,7 @@ void TextTable::rehash() {
 
 quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (text.isEmpty()) return 0;
-    if (2 * texts_.size() >= slots_.size()) rehash();
+    if (2 * texts_.size() >= slots_.size()) rehash(0);
     const qsizetype mask = slots_.size() - 1;
     qsizetype at = HashOf(text) & mask;
     const quint32* const taken = slots_.constData();

@@ -26,8 +26,12 @@ class TextTable {
     // The number of a text, which every cell that holds it shares; a cell may take it by
     // number, as a reader does for texts it has seen before.
     quint32 numberOf(QStringView text) { return numberOf(text, nullptr); }
+    quint32 numberOf(const QString& text) { return numberOf(text, &text); }
     // A row at the end whose cells take the texts numbered `numbers`, one per column.
     void appendRow(const quint32* numbers);
+
+    // Room for `rows` rows in all, and for a few new texts in each, made at once.
+    void reserve(int rows);
 
     // A row of empty cells before `row` (at the end for rows()).
     void insertRow(int row);
@@ -40,7 +44,7 @@ class TextTable {
     }
     void setCell(int row, int col, QStringView text, const QString* whole);
     quint32 numberOf(QStringView text, const QString* whole);
-    void rehash();
+    void rehash(qsizetype least);  // to more slots than `least`
 
     int cols_;
     QList<quint32> cells_;          // row after row: the number of each cell's text
