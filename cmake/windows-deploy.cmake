@@ -97,14 +97,31 @@ foreach(file ${copied})
   endif()
 endforeach()
 
-# Rigwright's licence, and Qt's beside Qt's libraries.
+# Rigwright's licence beside the program; the licences and notices of what came with it in
+# licenses\: Qt's, the libraries built into Qt, and the MinGW-w64 runtime (GCC's runtime
+# libraries and winpthreads), as Debian records them.
 configure_file(${LICENSE} ${STAGE}/LICENSE.txt COPYONLY)
 list(APPEND copied LICENSE.txt)
-set(qt_license ${QT_PREFIX}/share/licenses/Qt-LGPL-3.0-only.txt)
-if(EXISTS ${qt_license})
-  configure_file(${qt_license} ${STAGE}/Qt-LGPL-3.0-only.txt COPYONLY)
-  list(APPEND copied Qt-LGPL-3.0-only.txt)
-endif()
+file(GLOB qt_licenses ${QT_PREFIX}/share/licenses/*.txt)
+set(notices
+    ${qt_licenses}
+    /usr/share/doc/gcc-mingw-w64-base/copyright=MinGW-w64-GCC-runtime.txt
+    /usr/share/doc/mingw-w64-common/copyright=MinGW-w64-runtime.txt)
+foreach(notice ${notices})
+  string(REPLACE "=" ";" parts "${notice}")
+  list(GET parts 0 source)
+  list(LENGTH parts n)
+  if(n EQUAL 2)
+    list(GET parts 1 name)
+  else()
+    get_filename_component(name ${source} NAME)
+  endif()
+  if(NOT EXISTS ${source})
+    message(FATAL_ERROR "windows-deploy: no ${source} for licenses/${name}")
+  endif()
+  configure_file(${source} ${STAGE}/licenses/${name} COPYONLY)
+  list(APPEND copied licenses/${name})
+endforeach()
 
 # The uninstaller's commands: every file, then the folders, deepest first.
 set(commands "; Written by windows-deploy.cmake: the files of the portable folder.\n")

@@ -6,14 +6,36 @@
 #   rigwright-<version>-win64-setup.exe  the NSIS setup (resources/windows/rigwright.nsi)
 enable_language(RC)
 
+# A window program: started from Explorer or the Start menu it opens no console.
+set_target_properties(rigwright PROPERTIES WIN32_EXECUTABLE ON)
+
+# The tools that draw the icon and pack the folder. `make windows`, the cross build from
+# Debian, needs every one; a native build on Windows without them builds and tests the
+# program, with no icon and no packages, and says so.
+set(rigwright_missing_tools)
+foreach(tool rsvg-convert icotool zip makensis)
+  string(MAKE_C_IDENTIFIER ${tool} id)
+  string(TOUPPER ${id} id)
+  find_program(RIGWRIGHT_${id} ${tool})
+  if(NOT RIGWRIGHT_${id})
+    list(APPEND rigwright_missing_tools ${tool})
+  endif()
+endforeach()
+if(rigwright_missing_tools)
+  list(JOIN rigwright_missing_tools ", " missing)
+  if(CMAKE_CROSSCOMPILING)
+    message(FATAL_ERROR "Windows build: ${missing} not found; run scripts/install-deps --windows")
+  endif()
+  message(STATUS "Windows build: ${missing} not found: no icon, no zip and no setup")
+  return()
+endif()
+
 set(rigwright_windows_resources ${PROJECT_SOURCE_DIR}/resources/windows)
 set(rigwright_windows_out ${CMAKE_BINARY_DIR}/windows)
 
 # --- Icon and version information --------------------------------------------------------
 # The icon is drawn from the scalable application icon at the sizes Explorer asks for; the
 # largest is kept as PNG inside the .ico, as Windows expects at 256 pixels.
-find_program(RIGWRIGHT_RSVG_CONVERT rsvg-convert REQUIRED)
-find_program(RIGWRIGHT_ICOTOOL icotool REQUIRED)
 set(rigwright_svg ${PROJECT_SOURCE_DIR}/resources/pictures/rigwright.svg)
 set(rigwright_ico ${rigwright_windows_out}/rigwright.ico)
 set(rigwright_icon_commands)
@@ -39,17 +61,14 @@ add_custom_command(
 add_custom_target(rigwright-windows-icon DEPENDS ${rigwright_ico})
 add_dependencies(rigwright rigwright-windows-icon)
 
+set(rigwright_manifest ${rigwright_windows_out}/rigwright.manifest)
+configure_file(${rigwright_windows_resources}/rigwright.manifest ${rigwright_manifest} @ONLY)
 set(rigwright_rc ${rigwright_windows_out}/rigwright.rc)
 configure_file(${rigwright_windows_resources}/rigwright.rc.in ${rigwright_rc} @ONLY)
 target_sources(rigwright PRIVATE ${rigwright_rc})
 set_source_files_properties(${rigwright_rc} TARGET_DIRECTORY rigwright
-                            PROPERTIES OBJECT_DEPENDS ${rigwright_ico})
-# A window program: started from Explorer or the Start menu it opens no console.
-set_target_properties(rigwright PROPERTIES WIN32_EXECUTABLE ON)
-
+                            PROPERTIES OBJECT_DEPENDS "${rigwright_ico};${rigwright_manifest}")
 # --- Portable folder, zip and setup ------------------------------------------------------
-find_program(RIGWRIGHT_ZIP zip REQUIRED)
-find_program(RIGWRIGHT_MAKENSIS makensis REQUIRED)
 # The MinGW runtime libraries that the program and Qt load, where this compiler keeps them.
 set(rigwright_mingw_runtime)
 foreach(dll libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)

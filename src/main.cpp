@@ -2,6 +2,7 @@
 #include <QCoreApplication>
 #include <cstdio>
 
+#include "common/console.h"
 #include "common/system_names.h"
 #include "gui/application.h"
 #include "input/command_line.h"
@@ -20,12 +21,6 @@ namespace {
 
 void Print(std::FILE* stream, const QString& text) {
     std::fputs(common::ToSystemBytes(text).constData(), stream);
-}
-
-// Standard error of the libraries' commands holds their refusals, line by line; Qt's own
-// notes (a runtime folder it looks for, a font it lacks) would only be noise there.
-void KeepErrorsOnly(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg) Print(stderr, text + u'\n');
 }
 
 #ifdef Q_OS_WIN
@@ -51,9 +46,12 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) arguments.append(common::FromSystemBytes(argv[i]));
     const input::CommandLine line = input::ParseCommandLine(arguments);
     using Action = input::CommandLine::Action;
+    if (line.action != Action::kRun) {
 #ifdef Q_OS_WIN
-    if (line.action != Action::kRun) UseParentConsole();
+        UseParentConsole();
 #endif
+        common::AnswerOnConsoleOnly();
+    }
     switch (line.action) {
         case Action::kHelp:
             Print(stdout, input::UsageText());
@@ -68,7 +66,6 @@ int main(int argc, char** argv) {
         case Action::kConvert:
         case Action::kCheck: {
             // The libraries' commands work on values: no widget, no display, no platform.
-            qInstallMessageHandler(KeepErrorsOnly);
             QCoreApplication app(argc, argv);
             const LibraryStreams streams = LibraryStreams::Standard();
             return line.action == Action::kConvert ? ConvertFixtures(line, streams)

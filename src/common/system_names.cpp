@@ -74,6 +74,14 @@ std::filesystem::path SystemPath(const QString& path) {
 #endif
 }
 
+QString FromSystemPath(const std::filesystem::path& path) {
+#ifdef Q_OS_WIN
+    return QString::fromStdWString(path.native());
+#else
+    return FromSystemBytes(QByteArrayView(path.native().data(), qsizetype(path.native().size())));
+#endif
+}
+
 bool HasKeptBytes(const QString& text) {
     for (qsizetype at = 0; at < text.size(); ++at)
         if (IsKeptByte(text, at)) return true;

@@ -20,5 +20,7 @@ bool HasKeptBytes(const QString& text);
 
 // A path as std::filesystem and the system's own calls take it, for what Qt has no word for.
 std::filesystem::path SystemPath(const QString& path);
+// And back: a path the system gave, as a name the program prints and opens again.
+QString FromSystemPath(const std::filesystem::path& path);
 
 }  // namespace common

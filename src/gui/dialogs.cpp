@@ -36,12 +36,18 @@ bool RefuseMissingFolder(QWidget* parent, const QString& title, const QString& n
     return true;
 }
 
-// Qt's own dialog, where the platform has none: a refused name keeps it open.
+// Qt's own dialog, where the platform has none: a refused name keeps it open. The platform's
+// dialog (Windows, GTK, the portal) has closed by the time it reports a name; refusing here
+// would end it as a cancel, so its name is taken and ShowSave refuses it and shows it again.
 class SaveFileDialog : public QFileDialog {
   public:
     using QFileDialog::QFileDialog;
 
     void accept() override {
+        if (testAttribute(Qt::WA_DontShowOnScreen)) {  // Qt marks it so while a platform
+            QFileDialog::accept();                     // dialog stands in for it
+            return;
+        }
         const QStringList chosen = selectedFiles();
         if (!chosen.isEmpty() && RefuseMissingFolder(this, windowTitle(), chosen.first())) return;
         QFileDialog::accept();

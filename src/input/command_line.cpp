@@ -23,7 +23,8 @@ struct Options {
                           QStringLiteral("DIR")};
     QCommandLineOption force{
         QStringLiteral("force"),
-        QStringLiteral("--convert replaces a file of the same fixture that exists (else it is skipped)")};
+        QStringLiteral(
+            "--convert replaces a file of the same fixture that exists (else it is skipped)")};
     QCommandLineOption check{
         QStringLiteral("check"),
         QStringLiteral("print \"FILE: ok\" or the advice the wizard gives before saving, for "
@@ -99,23 +100,38 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     return line;
 }
 
+// Where no shell matches "*" and "?", the program does; the examples name the system's paths.
+#ifdef Q_OS_WIN
+constexpr char kMatched[] = ",\nand a name with * or ? as the names it matches";
+constexpr char kExamples[] =
+    "  rigwright --convert --to C:\\fixtures C:\\qlcplus\\fixtures\n"
+    "  rigwright --check C:\\fixtures\\Martin*.R20\n";
+#else
+constexpr char kMatched[] = "";
+constexpr char kExamples[] =
+    "  rigwright --convert --to ~/fixtures /usr/share/qlcplus/fixtures\n"
+    "  rigwright --check ~/fixtures\n";
+#endif
+
 QString UsageText() {
     // Qt's first line names the program as it was started, or not at all before the
     // application exists: the three ways to call it stand in its place.
     const QString qtHelp = Parser().parser.helpText().section(u'\n', 1);
     return QStringLiteral(
                "Usage: rigwright [FILE.R20 | FILE.qxf [--mode NAME|NUMBER]]\n"
-               "       rigwright --convert --to DIR [--mode NAME|NUMBER] [--force] FILE.qxf...\n"
-               "       rigwright --check FILE...\n") +
+               "       rigwright --convert --to DIR [--mode NAME|NUMBER] [--force] FILE|FOLDER...\n"
+               "       rigwright --check FILE|FOLDER...\n") +
            qtHelp +
            QStringLiteral(
+               "\n--convert and --check take a folder as every .qxf and .R20 file under it") +
+           QLatin1String(kMatched) +
+           QStringLiteral(
+               ".\nThey need no display. Exit status: 0 all went well, 1 a file was refused,\n"
+               "skipped or has advice, 2 a mistake on the command line, 3 the program could not\n"
+               "go on (the reason is on standard error).\n"
                "\n"
-               "--convert and --check need no display. Exit status: 0 all went well, 1 a file\n"
-               "was refused, skipped or has advice, 2 a mistake on the command line.\n"
-               "\n"
-               "Examples:\n"
-               "  rigwright --convert --to ~/fixtures /usr/share/qlcplus/fixtures/Martin/*.qxf\n"
-               "  rigwright --check ~/fixtures/*.R20\n");
+               "Examples:\n") +
+           QLatin1String(kExamples);
 }
 
 QString VersionText() {

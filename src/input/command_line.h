@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "input/file_arguments.h"
+
 namespace input {
 
 struct CommandLine {
@@ -15,7 +17,9 @@ struct CommandLine {
     QString mode;        // --mode: the mode of a QLC+ fixture, by name or number
     QString targetDir;   // --to: where --convert writes
     bool force = false;  // --force: --convert replaces files that exist
-    QString error;       // what was wrong, for a mistake
+    // Whether --convert and --check match "*" and "?" in the files named themselves.
+    bool matchWildcards = kMatchWildcards;
+    QString error;  // what was wrong, for a mistake
 };
 
 // `arguments` without the program's own name.

@@ -1,6 +1,7 @@
 #include "output/fixture_file.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QIODevice>
 #include <algorithm>
 
@@ -28,8 +29,9 @@ class Lines {
     QByteArray bytes_;
 };
 
+// The path as the system writes it, whoever named it: Qt's own dialogs give "/" on Windows too.
 QString SavedLine(const QString& path, const QDateTime& saved) {
-    return QStringLiteral("; file ") + path + QStringLiteral(" saved ") +
+    return QStringLiteral("; file ") + QDir::toNativeSeparators(path) + QStringLiteral(" saved ") +
            saved.toString(QStringLiteral("MM-dd-yyyy")) +
            saved.toString(QStringLiteral("HH:mm:ss"));
 }

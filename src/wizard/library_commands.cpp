@@ -25,6 +25,7 @@
 #include "common/system_names.h"
 #include "gui/system.h"
 #include "input/command_line.h"
+#include "input/file_arguments.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
 #include "output/fixture_file.h"
@@ -144,8 +145,15 @@ std::optional<QString> WhyNoFilesIn(const QString& folder) {
 // written fixture file, each mode of a QLC+ fixture (or the one `mode` names), or the reason it
 // brings none. A mode is mapped only when its turn comes, so that a fixture of many thousand
 // modes never has them all in memory at once.
-void ForEachJob(const QString& path, const QString& mode, const std::function<void(Job&&)>& take) {
-    input::FixtureSource source = input::ReadFixtureSource(path);
+void ForEachJob(const input::NamedFile& named, const QString& mode,
+                const std::function<void(Job&&)>& take) {
+    // Reports name the file as the system writes its names.
+    const QString path = QDir::toNativeSeparators(named.path);
+    if (!named.error.isEmpty()) {
+        take({path, {}, std::nullopt, named.error});
+        return;
+    }
+    input::FixtureSource source = input::ReadFixtureSource(named.path);
     if (source.written) {
         const common::Fixture& f = *source.written;
         QString stem = Stem(f.manufacturer, f.model, FirstLine(f.patchText));
@@ -384,7 +392,8 @@ LibraryStreams LibraryStreams::Standard() {
 }
 
 int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
-    Reports reports(streams, line.files.size());
+    const QList<input::NamedFile> files = input::FilesOfArguments(line.files, line.matchWildcards);
+    Reports reports(streams, files.size());
     if (const std::optional<QString> why = WhyNoFilesIn(line.targetDir)) {
         reports.refuse(QStringLiteral("rigwright: cannot write into %1: %2"),
                        {QDir::toNativeSeparators(line.targetDir), *why});
@@ -394,11 +403,11 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
     QSet<QString> given;
     QSet<QString> converted;  // the files converted, by their canonical paths: each only once
     Turns turns;
-    for (const QString& path : line.files) {
-        const QString canonical = QFileInfo(path).canonicalFilePath();
+    for (const input::NamedFile& named : files) {
+        const QString canonical = QFileInfo(named.path).canonicalFilePath();
         if (canonical.isEmpty() || !converted.contains(canonical)) {
             converted.insert(canonical);
-            ForEachJob(path, line.mode,
+            ForEachJob(named, line.mode,
                        [&](Job&& job) { Convert(job, target, line.force, given, reports, turns); });
         }
         turns.then([&reports] { reports.fileDone(); });
@@ -408,9 +417,10 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
 }
 
 int CheckFixtures(const input::CommandLine& line, const LibraryStreams& streams) {
-    Reports reports(streams, line.files.size());
-    for (const QString& path : line.files) {
-        ForEachJob(path, line.mode, [&](Job&& job) {
+    const QList<input::NamedFile> files = input::FilesOfArguments(line.files, line.matchWildcards);
+    Reports reports(streams, files.size());
+    for (const input::NamedFile& named : files) {
+        ForEachJob(named, line.mode, [&](Job&& job) {
             if (!job.fixture) {
                 reports.refuse(QStringLiteral("%1: %2"), {job.name, job.error});
                 return;

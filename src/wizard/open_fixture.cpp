@@ -59,8 +59,11 @@ bool PagesHoldData(const MainForm& f) {
     return false;
 }
 
+// The messages name the path as the system writes it: the open dialog and a dropped file give
+// "/" on Windows too.
 void Refuse(MainForm& f, const QString& path, const QString& reason) {
-    gui::MsgBox(QStringLiteral("File ") + path + QStringLiteral(" could not be read: ") + reason,
+    gui::MsgBox(QStringLiteral("File ") + QDir::toNativeSeparators(path) +
+                    QStringLiteral(" could not be read: ") + reason,
                 {.icon = gui::MsgIcon::Critical}, f.main.Caption());
 }
 
@@ -151,17 +154,20 @@ bool OpenFixtureFile(MainForm& f, const QString& path, const QString& mode) {
     // elsewhere on the grid stores it, so that the question sees it and a No keeps it.
     if (f.editframe.Visible()) table_Click(f);
     if (PagesHoldData(f)) {
-        const gui::MsgButton answer = gui::MsgBox(
-            QStringLiteral("Replace what the pages hold with the fixture of %1?").arg(path),
-            {.buttons = gui::MsgButton::Yes | gui::MsgButton::No,
-             .icon = gui::MsgIcon::Warning,
-             .defaultButton = gui::MsgButton::No},
-            f.main.Caption());
+        const gui::MsgButton answer =
+            gui::MsgBox(QStringLiteral("Replace what the pages hold with the fixture of %1?")
+                            .arg(QDir::toNativeSeparators(path)),
+                        {.buttons = gui::MsgButton::Yes | gui::MsgButton::No,
+                         .icon = gui::MsgIcon::Warning,
+                         .defaultButton = gui::MsgButton::No},
+                        f.main.Caption());
         if (answer != gui::MsgButton::Yes) return false;
     }
     ShowOpenedFixture(f, std::move(*file));
-    // The first save proposes the file that was opened; a QLC+ fixture is no file to replace.
-    f.OpenedFile = written ? QFileInfo(path).absoluteFilePath() : QString();
+    // The first save proposes the file that was opened, in the system's way of writing it; a
+    // QLC+ fixture is no file to replace.
+    f.OpenedFile =
+        written ? QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()) : QString();
     return true;
 }
 

@@ -1,5 +1,6 @@
 // Reading a written fixture file back: the files read and refused, and opening a file at the
 // start.
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
@@ -108,7 +109,8 @@ class TestInput : public FormFixture {
         QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(!message.isEmpty()));
         if (!message.isEmpty()) {
             const gui::seams::MsgBoxCall& call = gui::seams::MsgBoxCalls().front();
-            QCOMPARE(call.text, "File " + path + " could not be read: " + message);
+            QCOMPARE(call.text,
+                     "File " + QDir::toNativeSeparators(path) + " could not be read: " + message);
             QCOMPARE(call.style, gui::MsgStyle{.icon = gui::MsgIcon::Critical});
             QCOMPARE(call.title, QStringLiteral("Tolvane - Rigwright"));
         }

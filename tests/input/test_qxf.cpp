@@ -6,6 +6,7 @@
 #include <unistd.h>
 #include <QAccessible>
 #include <QBuffer>
+#include <QDir>
 #include <QDirIterator>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -453,7 +454,7 @@ class TestQxf : public FormFixture {
             gui::seams::QueueMsgBoxAnswer(gui::MsgButton::Ok);
             QVERIFY(!OpenFixtureFile(f, bad));
             QVERIFY2(gui::seams::MsgBoxCalls().back().text.startsWith(
-                         "File " + bad + " could not be read: " + reason),
+                         "File " + QDir::toNativeSeparators(bad) + " could not be read: " + reason),
                      qPrintable(gui::seams::MsgBoxCalls().back().text));
             QCOMPARE(f.model.Text(), QStringLiteral("typed"));
         }
@@ -526,11 +527,14 @@ class TestQxf : public FormFixture {
         QCOMPARE(Run({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")}, &printed, &errors),
                  1);
         const QString first = out + "/Lumenfab-Beam575-Mode1.R20";
-        QCOMPARE(printed, first + "\n" + out + "/Lumenfab-Beam575-Mode2.R20\n" + out +
-                              "/Lumenfab-Beam575-Mode3.R20\n");
-        QCOMPARE(errors, dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n");
+        const auto native = [](const QString& text) { return QDir::toNativeSeparators(text); };
+        QCOMPARE(printed, native(first + "\n" + out + "/Lumenfab-Beam575-Mode2.R20\n" + out +
+                                 "/Lumenfab-Beam575-Mode3.R20\n"));
+        QCOMPARE(errors,
+                 native(dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n"));
         QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
-        QCOMPARE(errors, qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n");
+        QCOMPARE(errors,
+                 native(qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n"));
         QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
         // A file in the folder's place, and a folder where no file can be made, whoever asks.
         for (const auto& [to, why] : {std::pair{qxf + "/lib", "Not a directory"},
@@ -542,8 +546,8 @@ class TestQxf : public FormFixture {
         const QString unnamed = dir.filePath("unnamed.R20");
         QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
         QCOMPARE(Run({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
-        QCOMPARE(printed, first + ": ok\n" + unnamed + ": Manifacturer cannot be empty!\n" + qxf +
-                              " (mode \"Mode 2\"): ok\n");
+        QCOMPARE(printed, native(first + ": ok\n" + unnamed + ": Manifacturer cannot be empty!\n" +
+                                 qxf + " (mode \"Mode 2\"): ok\n"));
         QCOMPARE(Run({"--check", first}), 0);
 
         QVERIFY(OpenFixtureFile(form(), qxf, QStringLiteral("Mode 1")));
@@ -684,7 +688,7 @@ class TestQxf : public FormFixture {
                                     .replace("\"Mode 1\"", '"' + n[2].toUtf8() + '"')));
         QString printed, errors;
         QCOMPARE(Run({"--convert", "--to", out, qxf}, &printed), 0);
-        QCOMPARE(printed, out + u'/' + file + u'\n');
+        QCOMPARE(printed, QDir::toNativeSeparators(out + u'/' + file + u'\n'));
         QCOMPARE(Run({"--convert", "--to", out, qxf}, nullptr, &errors), 1);
         QVERIFY2(errors.trimmed().size() < 200 && errors.endsWith(" exists; --force replaces it\n"),
                  qPrintable(errors));

@@ -128,9 +128,10 @@ class TestOutput : public FormFixture {
         // Line by line, so that a difference names its line.
         QCOMPARE(ReadBytes(path).split('\n'),
                  ReadBytes(dataPath("output_" + QString(QTest::currentDataTag()) + ".R20"))
-                     .replace("@PATH@", ToFileBytes(path))
+                     .replace("@PATH@", ToFileBytes(QDir::toNativeSeparators(path)))
                      .split('\n'));
-        CheckTold("File " + path + " has been created!", gui::MsgIcon::Information);
+        CheckTold("File " + QDir::toNativeSeparators(path) + " has been created!",
+                  gui::MsgIcon::Information);
         // Saving changes nothing in the wizard and leaves nothing else in the folder.
         QCOMPARE(f.table.Rows(), count);
         QCOMPARE(EntriesOf(dir.path()), QStringList{"BEAM575.R20"});
@@ -280,7 +281,8 @@ class TestOutput : public FormFixture {
         finished_Click(form());
         giveBack();
 
-        CheckTold("File " + path + " could not be written: ", gui::MsgIcon::Critical);
+        CheckTold("File " + QDir::toNativeSeparators(path) + " could not be written: ",
+                  gui::MsgIcon::Critical);
         QCOMPARE(EntriesOf(folder), before);  // no temporary file left behind
         if (!oldFile.isEmpty()) QCOMPARE(ReadBytes(old), kOldBytes);
 #endif
