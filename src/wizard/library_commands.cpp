@@ -48,8 +48,8 @@ constexpr qsizetype kShortestPart = 24;
 
 // One fixture to fill the form with: a written fixture file, or one mode of a QLC+ fixture.
 struct Job {
-    QString name;  // how the reports name it: the file, and the mode of a QLC+ fixture
-    QString stem;  // manufacturer, model and mode, for the name of a converted file
+    QString name;        // how the reports name it: the file, and the mode of a QLC+ fixture
+    QStringList naming;  // manufacturer, model and mode, for the name of a converted file
     std::optional<common::Fixture> fixture;
     QString error;  // why it was refused
 };
@@ -156,8 +156,8 @@ void ForEachJob(const input::NamedFile& named, const QString& mode,
     input::FixtureSource source = input::ReadFixtureSource(named.path);
     if (source.written) {
         const common::Fixture& f = *source.written;
-        QString stem = Stem(f.manufacturer, f.model, FirstLine(f.patchText));
-        take({path, std::move(stem), std::move(source.written), {}});
+        QStringList naming{f.manufacturer, f.model, FirstLine(f.patchText)};
+        take({path, std::move(naming), std::move(source.written), {}});
         return;
     }
     if (!source.qxf) {
@@ -176,8 +176,10 @@ void ForEachJob(const input::NamedFile& named, const QString& mode,
     }
     for (const int i : modes) {
         input::ReadOutcome mapped = input::MapQxfMode(fixture, i);
-        const QString stem = Stem(fixture.manufacturer, fixture.model, fixture.modes[i].name);
-        take({ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
+        take({ModeName(path, fixture.modes[i]),
+              {fixture.manufacturer, fixture.model, fixture.modes[i].name},
+              std::move(mapped.fixture),
+              mapped.error});
     }
 }
 
@@ -356,11 +358,12 @@ void Convert(Job& job, const QDir& target, bool force, QSet<QString>& given, Rep
     };
     if (!job.fixture) return refuse(QStringLiteral("%1: %2"), {job.name, job.error});
     const QString identity = Identity(*job.fixture);
+    const QString stem = Stem(job.naming[0], job.naming[1], job.naming[2]);
     QString name, file, taken;
     Place place = Place::kOther;
     for (int n = 1; place == Place::kOther; ++n) {
         if (!name.isEmpty() && taken.isEmpty()) taken = name;
-        name = job.stem + (n > 1 ? u'-' + QString::number(n) : QString()) + QStringLiteral(".R20");
+        name = stem + (n > 1 ? u'-' + QString::number(n) : QString()) + QStringLiteral(".R20");
         file = QDir::toNativeSeparators(target.absoluteFilePath(name));
         place = given.contains(name.toLower()) ? Place::kOther : PlaceOf(file, identity);
     }
