@@ -285,10 +285,10 @@ class Reports {
 };
 
 // What a run does with each file in its turn, the turns in the order of the input. Most of the
-// time of a converted file goes to waiting for the disk, so a few files are written at once on
-// threads of their own; deciding, naming and printing stay here. A written file takes its name
-// and is printed only in its turn, after every file before it, so the names appear in the
-// order of the lines that report them.
+// time of a converted file goes to waiting for the disk, so a few files are composed and written
+// at once on threads of their own; deciding, naming and printing stay here. A written file
+// takes its name and is printed only in its turn, after every file before it, so the names
+// appear in the order of the lines that report them.
 class Turns {
   public:
     Turns() { pool_.setMaxThreadCount(kThreads); }
@@ -299,15 +299,16 @@ class Turns {
         queue_.push_back({{}, [act = std::move(act)](StagedFile) { act(); }});
         drain(false);
     }
-    // `bytes` written now beside `path` on a thread of the pool, then `act` with what came of
-    // it in its turn. At most kInFlight files wait at once, so a long run holds no more.
-    void write(const QByteArray& bytes, const QString& path, bool replace,
+    // The bytes `compose` gives written now beside `path` on a thread of the pool, then `act`
+    // with what came of it in its turn. At most kInFlight files wait at once, so a long run
+    // holds no more.
+    void write(std::function<QByteArray()> compose, const QString& path, bool replace,
                std::function<void(StagedFile)> act) {
         auto staged = std::make_shared<std::promise<StagedFile>>();
         queue_.push_back({staged->get_future(), std::move(act)});
         ++inFlight_;
-        pool_.start([staged, bytes, path, replace] {
-            staged->set_value(StageLibraryFile(bytes, path, replace));
+        pool_.start([staged, compose = std::move(compose), path, replace] {
+            staged->set_value(StageLibraryFile(compose(), path, replace));
         });
         drain(false);
     }
@@ -373,10 +374,13 @@ void Convert(Job& job, const QDir& target, bool force, QSet<QString>& given, Rep
     if (place == Place::kSame && !force)
         return refuse(QStringLiteral("%1: %2 exists; --force replaces it"), {job.name, file});
     const bool replace = place == Place::kSame;
-    const QByteArray bytes =
-        FixtureFileBytes(AtFinishPage(std::move(*job.fixture), gui::Now()), file, gui::Now());
+    // The file as Finished writes it on the finish page, reached now: a value, composed where
+    // it is written.
+    const auto compose = [fixture = std::move(*job.fixture), file, now = gui::Now()] {
+        return FixtureFileBytes(AtFinishPage(fixture, now), file, now);
+    };
     turns.write(
-        bytes, file, replace,
+        compose, file, replace,
         [&reports, job = job.name, file, replace, taken, name](StagedFile staged) {
             if (const std::optional<QString> reason = PlaceLibraryFile(staged, file, replace))
                 return reports.refuse(QStringLiteral("%1: %2 could not be written: %3"),
