@@ -1,6 +1,7 @@
 #include "common/text_table.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace common {
 
@@ -12,6 +13,13 @@ quint32 HashOf(QStringView text) {
     quint32 hash = 2166136261u;
     for (const QChar c : text) hash = (hash ^ c.unicode()) * 16777619u;
     return hash;
+}
+
+// Whether a kept text is `text`, unit for unit: cell texts are short, and comparing their bytes
+// costs less than a call to a general comparison.
+bool Same(const QString& kept, QStringView text) {
+    return kept.size() == text.size() &&
+           std::memcmp(kept.constData(), text.data(), text.size() * sizeof(QChar)) == 0;
 }
 
 // A channel row brings a few texts no row before it had: its offsets, its label, its comment.
@@ -52,7 +60,7 @@ quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     const quint32* const taken = slots_.constData();
     const QString* const texts = texts_.constData();
     for (; taken[at] != 0; at = (at + 1) & mask)
-        if (texts[taken[at]] == text) return taken[at];
+        if (Same(texts[taken[at]], text)) return taken[at];
     texts_.append(whole ? *whole : text.toString());
     slots_[at] = static_cast<quint32>(texts_.size() - 1);
     return slots_[at];
