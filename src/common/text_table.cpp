@@ -1,6 +1,7 @@
 #include "common/text_table.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace common {
 
@@ -28,6 +29,16 @@ int LargeValue(QStringView text) {
     return value;
 }
 
+// Whether a kept text is `text`, unit for unit: cell texts are short, and comparing their bytes
+// costs less than a call to a general comparison.
+bool Same(const QString& kept, QStringView text) {
+    return kept.size() == text.size() &&
+           std::memcmp(kept.constData(), text.data(), text.size() * sizeof(QChar)) == 0;
+}
+
+// A channel row brings a few texts no row before it had: its offsets, its label, its comment.
+constexpr qsizetype kNewTextsPerRow = 4;
+
 }  // namespace
 
 QString TextTable::cell(int row, int col) const {
@@ -37,8 +48,17 @@ QString TextTable::cell(int row, int col) const {
     return texts_[number];
 }
 
-void TextTable::rehash() {
-    slots_.fill(0, std::max<qsizetype>(64, slots_.size() * 2));
+void TextTable::reserve(int rows) {
+    const qsizetype texts = texts_.size() + qsizetype(rows) * kNewTextsPerRow;
+    cells_.reserve(qsizetype(rows) * cols_);
+    texts_.reserve(texts);
+    if (2 * texts >= slots_.size()) rehash(2 * texts);
+}
+
+void TextTable::rehash(qsizetype least) {
+    qsizetype size = std::max<qsizetype>(64, slots_.size() * 2);
+    while (size <= least) size *= 2;
+    slots_.fill(0, size);
     const qsizetype mask = slots_.size() - 1;
     for (qsizetype number = 1; number < texts_.size(); ++number) {
         qsizetype at = HashOf(texts_[number]) & mask;
@@ -50,13 +70,13 @@ void TextTable::rehash() {
 quint32 TextTable::numberOf(QStringView text, const QString* whole) {
     if (text.isEmpty()) return 0;
     if (const int value = LargeValue(text); value >= 0) return kValue | value;
-    if (2 * texts_.size() >= slots_.size()) rehash();
+    if (2 * texts_.size() >= slots_.size()) rehash(0);
     const qsizetype mask = slots_.size() - 1;
     qsizetype at = HashOf(text) & mask;
     const quint32* const taken = slots_.constData();
     const QString* const texts = texts_.constData();
     for (; taken[at] != 0; at = (at + 1) & mask)
-        if (texts[taken[at]] == text) return taken[at];
+        if (Same(texts[taken[at]], text)) return taken[at];
     texts_.append(whole ? *whole : text.toString());
     slots_[at] = static_cast<quint32>(texts_.size() - 1);
     return slots_[at];

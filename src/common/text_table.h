@@ -28,8 +28,12 @@ class TextTable {
     // The number that stands for a text in every cell that holds it; a cell may take it by
     // number, as a reader does for texts it has seen before.
     quint32 numberOf(QStringView text) { return numberOf(text, nullptr); }
+    quint32 numberOf(const QString& text) { return numberOf(text, &text); }
     // A row at the end whose cells take the texts numbered `numbers`, one per column.
     void appendRow(const quint32* numbers);
+
+    // Room for `rows` rows in all, and for a few new texts in each, made at once.
+    void reserve(int rows);
 
     // A row of empty cells before `row` (at the end for rows()).
     void insertRow(int row);
@@ -42,7 +46,7 @@ class TextTable {
     }
     void setCell(int row, int col, QStringView text, const QString* whole);
     quint32 numberOf(QStringView text, const QString* whole);
-    void rehash();
+    void rehash(qsizetype least);  // to more slots than `least`
 
     // The numbers with this bit stand for a large whole number as QString::number prints it,
     // the bits below being its value; the others for texts_[number].

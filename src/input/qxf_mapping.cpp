@@ -189,6 +189,29 @@ const QList<Slot>& SlotOrder() {
     return kOrder;
 }
 
+// The decimal text of a number of the grid, held here rather than in a string of its own.
+class Digits {
+  public:
+    explicit Digits(int n) {
+        qsizetype at = sizeof(text_) / sizeof(text_[0]);
+        const bool negative = n < 0;
+        unsigned rest = negative ? 0u - unsigned(n) : unsigned(n);
+        do {
+            text_[--at] = char16_t(u'0' + rest % 10);
+            rest /= 10;
+        } while (rest > 0);
+        if (negative) text_[--at] = u'-';
+        start_ = at;
+    }
+    operator QStringView() const {
+        return QStringView(text_ + start_, qsizetype(sizeof(text_) / sizeof(text_[0])) - start_);
+    }
+
+  private:
+    char16_t text_[12];
+    qsizetype start_;
+};
+
 // At most `length` UTF-16 units, never half a surrogate pair.
 QString Cut(const QString& text, qsizetype length) {
     QString cut = text.left(length);
@@ -315,12 +338,8 @@ class ModeMapper {
         file.model = Cut(OneLine(fixture_.model), 30);
         file.nameOnDesk = QxfNameOnDesk(fixture_, modeIndex_);
         setFixtureType(file);
-        for (const Row& row : rows_) {
-            const QStringList texts = cells(row);
-            const int at = file.channels.rows();
-            file.channels.appendRow();
-            for (int col = 0; col < texts.size(); ++col) file.channels.setCell(at, col, texts[col]);
-        }
+        file.channels.reserve(static_cast<int>(rows_.size()));
+        for (const Row& row : rows_) appendRow(row, file.channels);
         // The mode's name as long as the patch text box takes it.
         const QLatin1String rest(common::kDefaultPatchText);
         file.patchText = OneLine(Cut(mode_.name, common::kMaxPatchTextLength - rest.size())) + rest;
@@ -419,47 +438,56 @@ class ModeMapper {
         }
     }
 
-    QStringList cells(const Row& row) const {
+    // The row of the grid for `row`, at the end of `table`: its cells go in as the numbers of
+    // their texts, so that no text is made twice.
+    void appendRow(const Row& row, common::TextTable& table) const {
+        using namespace common;  // the columns
         const ModeChannel& c = channels_[row.channel];
         const int presets = c.kind->presetCount();
-        QString channelType = QString::fromLatin1(common::kFadeableType);
-        QStringList tail;  // attribute type to comment
+        static const QString kFadeable = QString::fromLatin1(kFadeableType);
+        static const QString kIndexed = QString::fromLatin1(kIndexedType);
+        std::array<quint32, kChannelColumns> cells{};  // all empty
+        const auto put = [&](int column, const auto& text) {
+            cells[column] = table.numberOf(text);
+        };
         if (presets > 0 && !row.dimmerFine) {
-            const PresetCells& cells =
+            const PresetCells& preset =
                 CellsOf(c.kind->presets[std::min(row.occurrence, presets - 1)]);
-            channelType = cells.channelType;
-            tail = cells.tail;
+            // A row after the first of its kind is labelled by its channel's name, when it can be.
             const std::optional<QString> own =
                 firstOfKind(row) ? std::nullopt : LabelOf(c.source->name);
-            if (own) tail[3] = *own;
-            if (c.kind == &kDimmer && !row.htp)
-                channelType = QString::fromLatin1(common::kFadeableType);
+            if (own) put(kLabel, *own);
+            for (int i = 0; i < preset.tail.size() && kAttributeType + i < kChannelColumns; ++i) {
+                const int column = kAttributeType + i;  // key, wheel and comment are the row's own
+                if (column != kKey && column != kWheel && column != kComment &&
+                    (column != kLabel || !own))
+                    put(column, preset.tail[i]);
+            }
+            put(kChannelType, c.kind == &kDimmer && !row.htp ? kFadeable : preset.channelType);
         } else {
-            QString label =
-                row.dimmerFine ? QStringLiteral("Dimmer fine") : QString::fromLatin1(c.kind->name);
             const std::optional<QString> own =
                 row.occurrence > 0 && c.kind != &kNothing ? LabelOf(c.source->name) : std::nullopt;
-            if (own) label = *own;
-            if (c.kind == &kNothing) channelType = QString::fromLatin1(common::kIndexedType);
-            tail = {QStringLiteral("0>"),
-                    {},
-                    {},
-                    label,
-                    QStringLiteral("1"),
-                    QStringLiteral("N"),
-                    QStringLiteral("100"),
-                    QStringLiteral("0"),
-                    QStringLiteral("0"),
-                    QStringLiteral("0"),
-                    {}};
+            if (own)
+                put(kLabel, *own);
+            else
+                put(kLabel, row.dimmerFine ? QStringLiteral("Dimmer fine")
+                                           : QString::fromLatin1(c.kind->name));
+            put(kChannelType, c.kind == &kNothing ? kIndexed : kFadeable);
+            put(kAttributeType, u"0>");
+            put(kCurve, u"1");
+            put(kInv, u"N");
+            put(kRatio, u"100");
+            put(kLocate, u"0");
+            put(kHighlight, u"0");
+            put(kLowlight, u"0");
         }
-        tail[1] = QString::number(row.key);
-        tail[2] = QString::number(row.wheel);
-        tail[10] = OneLine(c.source->name);
-        const int fineOffset = row.fine < 0 ? 0 : channels_[row.fine].offset;
-        return QStringList{QStringLiteral("#"), QString::number(c.offset),
-                           QString::number(fineOffset), channelType} +
-               tail;
+        put(kMark, u"#");
+        put(kDmx1, Digits(c.offset));
+        put(kDmx2, Digits(row.fine < 0 ? 0 : channels_[row.fine].offset));
+        put(kKey, Digits(row.key));
+        put(kWheel, Digits(row.wheel));
+        put(kComment, OneLine(c.source->name));
+        table.appendRow(cells.data());
     }
 
     // No pan or tilt: any other kind. A mirror by its focus, or a scanner that is no head.

@@ -57,9 +57,11 @@ void WriteChannelLines(const common::TextTable& rows, Lines& w) {
     }
 }
 
-// Hands the bytes to the device. A device may take part of them and tell the reason only when
-// asked for the rest, so it is asked until it has taken all or refuses.
-WriteOutcome Send(const QByteArray& bytes, QIODevice& out) {
+}  // namespace
+
+WriteOutcome SendBytes(const QByteArray& bytes, QIODevice& out) {
+    // A device may take part of the bytes and tell the reason only when asked for the rest, so
+    // it is asked until it has taken all or refuses.
     qsizetype done = 0;
     while (done < bytes.size()) {
         const qint64 n = out.write(bytes.constData() + done, bytes.size() - done);
@@ -69,10 +71,7 @@ WriteOutcome Send(const QByteArray& bytes, QIODevice& out) {
     return {};
 }
 
-}  // namespace
-
-WriteOutcome WriteFixtureFile(const Fixture& fixture, const QString& path, const QDateTime& saved,
-                              QIODevice& out) {
+QByteArray FixtureFileBytes(const Fixture& fixture, const QString& path, const QDateTime& saved) {
     const QString& count = fixture.channelCount;
     Lines w;
     for (const QString& comment : CommentLines(fixture.comment)) w.line(comment);
@@ -119,5 +118,10 @@ WriteOutcome WriteFixtureFile(const Fixture& fixture, const QString& path, const
     w.line("END");
     w.line("; ");
     w.line("; ");
-    return Send(w.bytes(), out);
+    return w.bytes();
+}
+
+WriteOutcome WriteFixtureFile(const Fixture& fixture, const QString& path, const QDateTime& saved,
+                              QIODevice& out) {
+    return SendBytes(FixtureFileBytes(fixture, path, saved), out);
 }

@@ -79,8 +79,7 @@ std::optional<QString> MoveOnto(const QString& from, const QString& to, bool rep
 
 }  // namespace
 
-std::optional<QString> SaveLibraryFile(const common::Fixture& fixture, const QString& path,
-                                       const QDateTime& saved, bool replace) {
+StagedFile StageLibraryFile(const QByteArray& bytes, const QString& path, bool replace) {
     // QSaveFile follows a link at the target on purpose and writes where it leads. Here the
     // text goes to a file made new for it beside the target, never one that was there, and
     // that file takes the target's name once it is complete.
@@ -91,20 +90,24 @@ std::optional<QString> SaveLibraryFile(const common::Fixture& fixture, const QSt
             QStringLiteral(".rigwright-%1.tmp")
                 .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'))));
         if (file.open(QIODevice::NewOnly | kWriteMode)) break;
-        if (tries == 9) return file.errorString();
+        if (tries == 9) return {{}, file.errorString()};
     }
     if (replace) file.setPermissions(QFileInfo(path).permissions());  // as QSaveFile keeps them
-    const WriteOutcome written = WriteFixtureFile(fixture, path, saved, file);
+    const WriteOutcome written = SendBytes(bytes, file);
     if (written.ok) SyncToDisk(file);
     file.close();
-    std::optional<QString> failed;
-    if (!written.ok)
-        failed = written.error;
-    else if (file.error() != QFileDevice::NoError)
-        failed = file.errorString();
-    else
-        failed = MoveOnto(file.fileName(), path, replace);
-    if (failed) file.remove();
+    if (!written.ok || file.error() != QFileDevice::NoError) {
+        file.remove();
+        return {{}, written.ok ? file.errorString() : written.error};
+    }
+    return {file.fileName(), std::nullopt};
+}
+
+std::optional<QString> PlaceLibraryFile(const StagedFile& staged, const QString& path,
+                                        bool replace) {
+    if (staged.error) return staged.error;
+    const std::optional<QString> failed = MoveOnto(staged.name, path, replace);
+    if (failed) QFile::remove(staged.name);
     return failed;
 }
 

@@ -67,48 +67,48 @@ QString CheckChannels(const TextTable& t, Offsets& used) {
     bool keyTaken[21][2] = {};  // by key, 1 to 20, and wheel, A or B
     for (int row = 0; row < t.rows(); ++row) {
         const std::optional<double> dmx2 = common::WholeNumber(t.cell(row, kDmx2));
-        if (!dmx2) continue;                          // this row writes no line
-        const QString at = QString::number(row + 1);  // the grid line, counted from 1
+        if (!dmx2) continue;                                         // this row writes no line
+        const auto at = [row] { return QString::number(row + 1); };  // the grid line, from 1
         const long high = Offset(t.cell(row, kDmx1));
         const long low = static_cast<long>(common::RoundHalfEven(*dmx2));
         if (high == 0) return QStringLiteral("DMX cannot be zero! Maybe one unused row to delete?");
         if (used.contains(high) || (low > 0 && (used.contains(low) || low == high)))
-            return QStringLiteral("DMX channel duplicated at line ") + at;
+            return QStringLiteral("DMX channel duplicated at line ") + at();
         used.insert(high);
         if (low > 0) used.insert(low);
 
         const ChannelKind kind = KindOf(t.cell(row, kChannelType));
         if (kind == ChannelKind::kOther)
-            return QStringLiteral("Invalid Channel Type at line ") + at;
+            return QStringLiteral("Invalid Channel Type at line ") + at();
         if (kind == ChannelKind::kHtp) {
             if (htpSeen)
                 return QStringLiteral(
                            "There may be only 1 HTP channel! There is a second at line ") +
-                       at;
+                       at();
             htpSeen = true;
             if (low > 0)
                 return QStringLiteral(
                            "An HTP channel cannot be 16 bit i.e. a 16 bit channel cannot be HTP, "
                            "line ") +
-                       at;
+                       at();
         }
         const QString wheel = LeadingToken(t.cell(row, kWheel));
         if (wheel != u"1" && wheel != u"61")
-            return QStringLiteral("Wheel must be 1 (A) or 61 (B) at line ") + at;
+            return QStringLiteral("Wheel must be 1 (A) or 61 (B) at line ") + at();
         const QString& key = t.cell(row, kKey);
         if (!NumberWithin(key, 1, 20))
-            return QStringLiteral("Key ID out of bounds (1-20) at line ") + at;
+            return QStringLiteral("Key ID out of bounds (1-20) at line ") + at();
         bool& taken = keyTaken[Offset(key)][wheel == u"61"];
-        if (taken) return QStringLiteral("Key assignament duplicated at line ") + at;
+        if (taken) return QStringLiteral("Key assignament duplicated at line ") + at();
         taken = true;
         if (!NumberWithin(t.cell(row, kRatio), 1, 100))
-            return QStringLiteral("Ratio % value out of bounds (1-100) at line ") + at;
+            return QStringLiteral("Ratio % value out of bounds (1-100) at line ") + at();
         if (!NumberWithin(t.cell(row, kLocate), 0, 255))
-            return QStringLiteral("Locate value out of bounds (0-255) at line ") + at;
+            return QStringLiteral("Locate value out of bounds (0-255) at line ") + at();
         if (!NumberWithin(t.cell(row, kHighlight), 0, 255))
-            return QStringLiteral("Highligt value out of bounds (0-255) at line ") + at;
+            return QStringLiteral("Highligt value out of bounds (0-255) at line ") + at();
         if (!NumberWithin(t.cell(row, kLowlight), 0, 255))
-            return QStringLiteral("Lolight value out of bounds (0-255) at line ") + at;
+            return QStringLiteral("Lolight value out of bounds (0-255) at line ") + at();
     }
     return {};
 }

@@ -6,8 +6,13 @@
 #include <QLocale>
 #include <QSet>
 #include <QTemporaryFile>
+#include <QThreadPool>
 #include <algorithm>
+#include <chrono>
+#include <deque>
 #include <functional>
+#include <future>
+#include <memory>
 #ifdef Q_OS_WIN
 #include <io.h>
 #define isatty _isatty
@@ -23,6 +28,7 @@
 #include "input/file_arguments.h"
 #include "input/fixture_source.h"
 #include "input/qxf_mapping.h"
+#include "output/fixture_file.h"
 #include "output/save_flow.h"
 #include "wizard/advice.h"
 #include "wizard/fixture_pages.h"
@@ -42,8 +48,8 @@ constexpr qsizetype kShortestPart = 24;
 
 // One fixture to fill the form with: a written fixture file, or one mode of a QLC+ fixture.
 struct Job {
-    QString name;  // how the reports name it: the file, and the mode of a QLC+ fixture
-    QString stem;  // manufacturer, model and mode, for the name of a converted file
+    QString name;        // how the reports name it: the file, and the mode of a QLC+ fixture
+    QStringList naming;  // manufacturer, model and mode, for the name of a converted file
     std::optional<common::Fixture> fixture;
     QString error;  // why it was refused
 };
@@ -150,8 +156,8 @@ void ForEachJob(const input::NamedFile& named, const QString& mode,
     input::FixtureSource source = input::ReadFixtureSource(named.path);
     if (source.written) {
         const common::Fixture& f = *source.written;
-        QString stem = Stem(f.manufacturer, f.model, FirstLine(f.patchText));
-        take({path, std::move(stem), std::move(source.written), {}});
+        QStringList naming{f.manufacturer, f.model, FirstLine(f.patchText)};
+        take({path, std::move(naming), std::move(source.written), {}});
         return;
     }
     if (!source.qxf) {
@@ -170,8 +176,10 @@ void ForEachJob(const input::NamedFile& named, const QString& mode,
     }
     for (const int i : modes) {
         input::ReadOutcome mapped = input::MapQxfMode(fixture, i);
-        const QString stem = Stem(fixture.manufacturer, fixture.model, fixture.modes[i].name);
-        take({ModeName(path, fixture.modes[i]), stem, std::move(mapped.fixture), mapped.error});
+        take({ModeName(path, fixture.modes[i]),
+              {fixture.manufacturer, fixture.model, fixture.modes[i].name},
+              std::move(mapped.fixture),
+              mapped.error});
     }
 }
 
@@ -276,36 +284,112 @@ class Reports {
     bool failed_ = false;
 };
 
-// Writes the file of one job into `target`, under its name or, where that holds another
-// fixture, the next free one. `given` holds the names given in this run, in lower case: none
-// is given twice, not even where case makes no difference to the file system.
-void Convert(Job& job, const QDir& target, bool force, QSet<QString>& given, Reports& reports) {
-    if (!job.fixture) return reports.refuse(QStringLiteral("%1: %2"), {job.name, job.error});
+// What a run does with each file in its turn, the turns in the order of the input. Most of the
+// time of a converted file goes to waiting for the disk, so a few files are composed and written
+// at once on threads of their own; deciding, naming and printing stay here. A written file
+// takes its name and is printed only in its turn, after every file before it, so the names
+// appear in the order of the lines that report them.
+class Turns {
+  public:
+    Turns() { pool_.setMaxThreadCount(kThreads); }
+    ~Turns() { finish(); }
+
+    // `act` in its turn.
+    void then(std::function<void()> act) {
+        queue_.push_back({{}, [act = std::move(act)](StagedFile) { act(); }});
+        drain(false);
+    }
+    // The bytes `compose` gives written now beside `path` on a thread of the pool, then `act`
+    // with what came of it in its turn. At most kInFlight files wait at once, so a long run
+    // holds no more.
+    void write(std::function<QByteArray()> compose, const QString& path, bool replace,
+               std::function<void(StagedFile)> act) {
+        auto staged = std::make_shared<std::promise<StagedFile>>();
+        queue_.push_back({staged->get_future(), std::move(act)});
+        ++inFlight_;
+        pool_.start([staged, compose = std::move(compose), path, replace] {
+            staged->set_value(StageLibraryFile(compose(), path, replace));
+        });
+        drain(false);
+    }
+    // Every turn taken.
+    void finish() { drain(true); }
+
+  private:
+    static constexpr int kThreads = 4;
+    static constexpr int kInFlight = 2 * kThreads;
+
+    struct Turn {
+        std::future<StagedFile> staged;  // invalid for a turn that writes nothing
+        std::function<void(StagedFile)> act;
+    };
+
+    // The turns that can be taken, in order: all with `all`, else the ones whose files are
+    // written, and the first one that waits when too many files do.
+    void drain(bool all) {
+        while (!queue_.empty()) {
+            Turn& turn = queue_.front();
+            StagedFile staged;
+            if (turn.staged.valid()) {
+                const bool ready =
+                    turn.staged.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+                if (!all && !ready && inFlight_ < kInFlight) return;
+                staged = turn.staged.get();
+                --inFlight_;
+            }
+            const std::function<void(StagedFile)> act = std::move(turn.act);
+            queue_.pop_front();
+            act(std::move(staged));
+        }
+    }
+
+    QThreadPool pool_;
+    std::deque<Turn> queue_;
+    int inFlight_ = 0;
+};
+
+// Decides where the file of one job goes in `target`, under its name or, where that holds
+// another fixture, the next free one, and hands it to `turns`. `given` holds the names given in
+// this run, in lower case: none is given twice, not even where case makes no difference to the
+// file system, and a name is given before its file exists.
+void Convert(Job& job, const QDir& target, bool force, QSet<QString>& given, Reports& reports,
+             Turns& turns) {
+    const auto refuse = [&](const QString& pattern, const QStringList& parts) {
+        turns.then([&reports, pattern, parts] { reports.refuse(pattern, parts); });
+    };
+    if (!job.fixture) return refuse(QStringLiteral("%1: %2"), {job.name, job.error});
     const QString identity = Identity(*job.fixture);
+    const QString stem = Stem(job.naming[0], job.naming[1], job.naming[2]);
     QString name, file, taken;
     Place place = Place::kOther;
     for (int n = 1; place == Place::kOther; ++n) {
         if (!name.isEmpty() && taken.isEmpty()) taken = name;
-        name = job.stem + (n > 1 ? u'-' + QString::number(n) : QString()) + QStringLiteral(".R20");
+        name = stem + (n > 1 ? u'-' + QString::number(n) : QString()) + QStringLiteral(".R20");
         file = QDir::toNativeSeparators(target.absoluteFilePath(name));
         place = given.contains(name.toLower()) ? Place::kOther : PlaceOf(file, identity);
     }
     given.insert(name.toLower());
     if (place == Place::kLink)
-        return reports.refuse(QStringLiteral("%1: %2 is a symbolic link: left as it is"),
-                              {job.name, file});
+        return refuse(QStringLiteral("%1: %2 is a symbolic link: left as it is"), {job.name, file});
     if (place == Place::kSame && !force)
-        return reports.refuse(QStringLiteral("%1: %2 exists; --force replaces it"),
-                              {job.name, file});
-    const common::Fixture finished = AtFinishPage(std::move(*job.fixture), gui::Now());
-    if (const std::optional<QString> reason =
-            SaveLibraryFile(finished, file, gui::Now(), place == Place::kSame))
-        return reports.refuse(QStringLiteral("%1: %2 could not be written: %3"),
-                              {job.name, file, *reason});
-    if (!taken.isEmpty())
-        reports.note(QStringLiteral("%1: %2 holds another fixture; this one is %3"),
-                     {job.name, taken, name});
-    reports.say(file);
+        return refuse(QStringLiteral("%1: %2 exists; --force replaces it"), {job.name, file});
+    const bool replace = place == Place::kSame;
+    // The file as Finished writes it on the finish page, reached now: a value, composed where
+    // it is written.
+    const auto compose = [fixture = std::move(*job.fixture), file, now = gui::Now()] {
+        return FixtureFileBytes(AtFinishPage(fixture, now), file, now);
+    };
+    turns.write(
+        compose, file, replace,
+        [&reports, job = job.name, file, replace, taken, name](StagedFile staged) {
+            if (const std::optional<QString> reason = PlaceLibraryFile(staged, file, replace))
+                return reports.refuse(QStringLiteral("%1: %2 could not be written: %3"),
+                                      {job, file, *reason});
+            if (!taken.isEmpty())
+                reports.note(QStringLiteral("%1: %2 holds another fixture; this one is %3"),
+                             {job, taken, name});
+            reports.say(file);
+        });
 }
 
 }  // namespace
@@ -325,15 +409,17 @@ int ConvertFixtures(const input::CommandLine& line, const LibraryStreams& stream
     const QDir target(line.targetDir);
     QSet<QString> given;
     QSet<QString> converted;  // the files converted, by their canonical paths: each only once
+    Turns turns;
     for (const input::NamedFile& named : files) {
         const QString canonical = QFileInfo(named.path).canonicalFilePath();
         if (canonical.isEmpty() || !converted.contains(canonical)) {
             converted.insert(canonical);
             ForEachJob(named, line.mode,
-                       [&](Job&& job) { Convert(job, target, line.force, given, reports); });
+                       [&](Job&& job) { Convert(job, target, line.force, given, reports, turns); });
         }
-        reports.fileDone();
+        turns.then([&reports] { reports.fileDone(); });
     }
+    turns.finish();
     return reports.exitCode();
 }
 

@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -37,6 +38,7 @@
 #ifdef Q_OS_WIN
 #include <windows.h>
 #else
+#include <sys/resource.h>
 #include <sys/stat.h>
 #endif
 
@@ -650,6 +652,74 @@ class TestQxf : public FormFixture {
         QVERIFY(!QFileInfo::exists(dir.filePath("nowhere.R20")));
         QCOMPARE(ReadBytes(saved), savedBytes);
         QCOMPARE(ReadBytes(first), other);
+    }
+    // Files are written a few at a time, yet each mode's lines come in the order of the modes,
+    // with the name it would get one after the other, and the file under that name is its own:
+    // here 24 modes named alike, a name that holds another file, a link, and a mode in the
+    // middle whose file cannot be written, each reported in its place.
+    void convertInTurns() {
+        QTemporaryDir dir;
+        const QString out = dir.filePath("lib"), stem = out + "/Lumenfab-Beam575-Same";
+        QStringList channels, modes(24, "C1");
+        for (int c = 1; c <= 400; ++c) channels << QStringLiteral("C%1@IntensityDimmer").arg(c);
+        // A file of more than 16 KiB; what the command prints, caught in a file too, is less.
+        constexpr int kBig = 10;
+        modes[kBig] = QStringList(channels).replaceInStrings("@IntensityDimmer", "").join(u'|');
+        QString xml = Qxf(channels.join(u'|'), modes);
+        QStringList names;  // signs fall away from a file name: one name for all
+        const QString signs = QStringLiteral("!#$%()*+,-':;=?@[]^{|}~\u00A7");
+        for (int m = 0; m < modes.size(); ++m) {
+            names << QStringLiteral("Same ") + signs[m];
+            xml.replace(QStringLiteral("\"Mode %1\"").arg(m + 1), '"' + names.last() + '"');
+        }
+        const QString qxf = dir.filePath("beam.qxf");
+        QVERIFY(WriteBytes(qxf, xml.toUtf8()));
+        QVERIFY(QDir().mkpath(out) && WriteBytes(stem + "-3.R20", "no fixture"));
+        // Wine makes no symbolic links, and only POSIX limits the size of a file a program
+        // writes: there the sixth name is free and the large file is written.
+        const bool linked = SymbolicLink(dir.filePath("nowhere.R20"), stem + "-6.R20");
+#ifdef Q_OS_WIN
+        const bool limited = false;
+#else
+        const bool limited = true;
+#endif
+
+        QString expected;
+        for (int m = 0, n = 1; m < modes.size(); ++m, ++n) {
+            n += n == 3;
+            const QString file = stem + (n > 1 ? QStringLiteral("-%1.R20").arg(n) : ".R20");
+            const QString job = qxf + " (mode \"" + names[m] + "\"): ";
+            if (n == 6 && linked) {
+                expected += job + file + " is a symbolic link: left as it is\n";
+            } else if (m == kBig && limited) {
+                expected += job + file + " could not be written: File too large\n";
+            } else {
+                if (m > 0)
+                    expected += job +
+                                "Lumenfab-Beam575-Same.R20 holds another fixture; this one is " +
+                                QFileInfo(file).fileName() + "\n";
+                expected += file + "\n";
+            }
+        }
+#ifndef Q_OS_WIN
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit small{16384, limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+#endif
+        QString printed;
+        const int code = Run({"--convert", "--to", out, qxf}, &printed, nullptr, true);
+#ifndef Q_OS_WIN
+        setrlimit(RLIMIT_FSIZE, &limit);
+#endif
+        QCOMPARE(code, linked || limited ? 1 : 0);
+        QCOMPARE(printed, QDir::toNativeSeparators(expected));
+        for (const QString& line : printed.split(u'\n'))
+            if (line.startsWith(QDir::toNativeSeparators(stem)))
+                QVERIFY2(ReadBytes(line).contains("; file " + line.toUtf8() + " saved "),
+                         qPrintable(line));
+        QCOMPARE(QDir(out).entryList({".rigwright-*"}, QDir::Files | QDir::Hidden), {});
     }
     // Names in a library: letters without their accents, never hidden, never too long for a file
     // system, and the messages about them short enough to read.

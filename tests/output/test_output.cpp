@@ -15,6 +15,7 @@
 #include "gui/system.h"
 #include "output/channel_line.h"
 #include "output/comment_lines.h"
+#include "output/fixture_file.h"
 #include "output/form_fixture.h"
 #include "output/save_flow.h"
 #include "support/form_fixture.h"
@@ -361,8 +362,11 @@ class TestOutput : public FormFixture {
 
         const QByteArray had = oldFile.isEmpty() ? QByteArray() : ReadBytes(old);
         QVERIFY(takeOn());
+        // The library's two steps, as --convert --force takes them.
+        const StagedFile staged =
+            StageLibraryFile(FixtureFileBytes(ReadForm(form()), path, gui::Now()), path, true);
         const std::optional<QString> refused =
-            SaveLibraryFile(ReadForm(form()), path, gui::Now(), true);
+            staged.error ? staged.error : PlaceLibraryFile(staged, path, true);
         giveBack();
         QVERIFY(!refused || !refused->isEmpty());  // a refusal says why
         check("the library", library, !refused, had, refused.value_or(QString()));
