@@ -1,7 +1,7 @@
 // What the files named on the command line stand for: a folder for the fixture files under it,
 // a pattern for its matches where no shell matched it, each in an order that every run and
-// every platform gives alike; and the paths in every text a user reads, as the system writes
-// them.
+// every platform gives alike, each path printed as the system writes it; and no command waits
+// on what a console user cannot answer.
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -10,15 +10,8 @@
 #include <cstdio>
 
 #include "common/system_names.h"
-#include "gui/seams.h"
-#include "gui/system.h"
-#include "input/command_line.h"
 #include "input/file_arguments.h"
-#include "output/form_fixture.h"
-#include "output/save_flow.h"
 #include "support/form_fixture.h"
-#include "wizard/library_commands.h"
-#include "wizard/open_fixture.h"
 
 namespace {
 
@@ -85,32 +78,9 @@ QString Native(QString text) {
     return text;
 }
 
-struct Ran {
-    int code;
-    QString printed, errors;
-};
-
-// Runs a library command in this process, its two streams written to files.
-Ran RunCommand(const QStringList& arguments, bool matchWildcards) {
-    QTemporaryDir streams;
-    const QByteArray outName = QFile::encodeName(streams.filePath("out"));
-    const QByteArray errName = QFile::encodeName(streams.filePath("err"));
-    std::FILE* out = std::fopen(outName.constData(), "w+b");
-    std::FILE* err = std::fopen(errName.constData(), "w+b");
-    input::CommandLine line = input::ParseCommandLine(arguments);
-    line.matchWildcards = matchWildcards;
-    const LibraryStreams to{out, err, false};
-    const int code = line.action == input::CommandLine::Action::kCheck ? CheckFixtures(line, to)
-                                                                       : ConvertFixtures(line, to);
-    std::fclose(out);
-    std::fclose(err);
-    return {code, common::FromSystemBytes(ReadBytes(streams.filePath("out"))),
-            common::FromSystemBytes(ReadBytes(streams.filePath("err")))};
-}
-
 }  // namespace
 
-class TestArguments : public FormFixture {
+class TestArguments : public QObject {
     Q_OBJECT
   private slots:
     // "|" between arguments and between the files they stand for; a file's error behind ": ".
@@ -225,68 +195,11 @@ class TestArguments : public FormFixture {
         QFETCH(QString, errors);
         const Library library;
         const QString cwd = QDir::currentPath();
-        const Ran ran = RunCommand(Native(arguments).split(u'|'), match);
-        QCOMPARE(ran.printed, Native(printed.replace("{cwd}", cwd)));
-        QCOMPARE(ran.errors, Native(errors));
-        QCOMPARE(ran.code, code);
-    }
-
-    // Every text that names a path names it as the system writes it, whatever form the path
-    // came in (Qt's dialogs and a dropped file give "/" on Windows too).
-    void nativePaths_data() {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("said");  // "/" between the parts of a path
-        QTest::newRow("line 4 of a written file")
-            << "line 4"
-            << "lib/saved.R20"
-            << "; file lib/saved.R20 saved 11-24-202622:01:02";
-        QTest::newRow("saved") << "finished"
-                               << "lib/saved.R20"
-                               << "File lib/saved.R20 has been created!";
-        QTest::newRow("not saved") << "finished"
-                                   << "lib/empty"
-                                   << "File lib/empty could not be written: ";
-        QTest::newRow("not read") << "open"
-                                  << "lib/none.R20"
-                                  << "File lib/none.R20 could not be read: ";
-        QTest::newRow("no such mode") << "open mode"
-                                      << "lib/Martin/MAC 700.qxf"
-                                      << "File lib/Martin/MAC 700.qxf could not be read: ";
-        QTest::newRow("checked") << "check"
-                                 << "lib/Martin/MAC 700.qxf"
-                                 << "lib/Martin/MAC 700.qxf (mode \"Basic\"): ok";
-        QTest::newRow("the question before replacing")
-            << "replace"
-            << "lib/Martin/MAC 700.qxf"
-            << "Replace what the pages hold with the fixture of lib/Martin/MAC 700.qxf?";
-    }
-    void nativePaths() {
-        QFETCH(QString, kind);
-        QFETCH(QString, path);
-        QFETCH(QString, said);
-        const Library library;
-        gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
-        QString got;
-        if (kind == u"check") {
-            got = RunCommand({"--check", path}, false).printed.trimmed();
-        } else if (kind == u"line 4") {
-            QVERIFY(!SaveFixtureFile(ReadForm(form()), path, gui::Now()));
-            got = QString::fromLatin1(ReadBytes(path).split('\n').value(3)).trimmed();
-        } else {
-            gui::seams::QueueMsgBoxAnswer(kind == u"replace" ? gui::MsgButton::No
-                                                             : gui::MsgButton::Ok);
-            if (kind == u"finished") {
-                gui::seams::QueueSaveAnswer(path);
-                finished_Click(form());
-            } else {
-                if (kind == u"replace") form().manifacturer.setText(QStringLiteral("typed"));
-                QVERIFY(!OpenFixtureFile(form(), path, kind == u"open mode" ? "none" : ""));
-            }
-            QCOMPARE(gui::seams::MsgBoxCalls().size(), std::size_t(1));
-            got = gui::seams::MsgBoxCalls().back().text.left(said.size());
-        }
-        QCOMPARE(got, Native(said));
+        QString out, err;
+        const int ran = RunLibraryCommand(Native(arguments).split(u'|'), &out, &err, false, match);
+        QCOMPARE(out, Native(printed.replace("{cwd}", cwd)));
+        QCOMPARE(err, Native(errors));
+        QCOMPARE(ran, code);
     }
 
     // Nothing a console user cannot answer waits for them: it is a line on standard error and

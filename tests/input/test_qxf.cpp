@@ -154,33 +154,6 @@ QString MapError(const QByteArray& bytes, const QString& mode = {}) {
     return input::MapQxfMode(*read.fixture, *index).error;
 }
 
-// Runs a library command in this process: its exit code, or -1 when lines it printed were still
-// held back when it returned. With `terminal`, standard output and error are one stream, with
-// the progress, as on a terminal. The streams are files, opened as binary so that the bytes are
-// the command's own, line ends included.
-int Run(const QStringList& arguments, QString* printed = nullptr, QString* errors = nullptr,
-        bool terminal = false) {
-    QTemporaryDir dir;
-    const QString outName = dir.filePath("out"), errName = dir.filePath("err");
-    std::FILE* out = std::fopen(QFile::encodeName(outName).constData(), "wb");
-    std::FILE* err = terminal ? out : std::fopen(QFile::encodeName(errName).constData(), "wb");
-    if (!out || !err)
-        qFatal("No file for the streams of a library command in %s", qPrintable(dir.path()));
-    const LibraryStreams streams{out, err, terminal};
-    const input::CommandLine line = input::ParseCommandLine(arguments);
-    const int code = line.action == input::CommandLine::Action::kCheck
-                         ? CheckFixtures(line, streams)
-                         : ConvertFixtures(line, streams);
-    // What a run stopped now would have shown: what reached the files.
-    const qint64 flushed = QFileInfo(outName).size() + QFileInfo(errName).size();
-    std::fclose(out);
-    if (!terminal) std::fclose(err);
-    const QByteArray o = ReadBytes(outName), e = terminal ? QByteArray() : ReadBytes(errName);
-    if (printed) *printed = common::FromSystemBytes(o);
-    if (errors) *errors = common::FromSystemBytes(e);
-    return flushed == o.size() + e.size() ? code : -1;
-}
-
 }  // namespace
 
 class TestQxf : public FormFixture {
@@ -557,7 +530,8 @@ class TestQxf : public FormFixture {
         const QString out = dir.filePath("lib");
         gui::seams::FixClock(QDateTime(QDate(2026, 11, 24), QTime(22, 1, 2)));
         QString printed, errors;
-        QCOMPARE(Run({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")}, &printed, &errors),
+        QCOMPARE(RunLibraryCommand({"--convert", "--to", out, qxf, dir.filePath("junk.qxf")},
+                                   &printed, &errors),
                  1);
         const QString first = out + "/Lumenfab-Beam575-Mode1.R20";
         const auto native = [](const QString& text) { return QDir::toNativeSeparators(text); };
@@ -565,10 +539,11 @@ class TestQxf : public FormFixture {
                                  "/Lumenfab-Beam575-Mode3.R20\n"));
         QCOMPARE(errors,
                  native(dir.filePath("junk.qxf") + ": line 1: Premature end of document.\n"));
-        QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
+        QCOMPARE(
+            RunLibraryCommand({"--convert", "--to", out, "--mode", "1", qxf}, nullptr, &errors), 1);
         QCOMPARE(errors,
                  native(qxf + " (mode \"Mode 1\"): " + first + " exists; --force replaces it\n"));
-        QCOMPARE(Run({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
+        QCOMPARE(RunLibraryCommand({"--convert", "--to", out, "--mode", "1", "--force", qxf}), 0);
         // A file in the folder's place, and a folder where no file can be made, whoever asks:
         // on Windows a share on no server, its reason in the words of the system.
         QList<std::pair<QString, QString>> unwritable = {{qxf + "/lib", "Not a directory"}};
@@ -578,7 +553,7 @@ class TestQxf : public FormFixture {
         unwritable.emplace_back("/proc", "No such file or directory");
 #endif
         for (const auto& [to, why] : unwritable) {
-            QCOMPARE(Run({"--convert", "--to", to, qxf}, &printed, &errors), 1);
+            QCOMPARE(RunLibraryCommand({"--convert", "--to", to, qxf}, &printed, &errors), 1);
             const QString start = "rigwright: cannot write into " + native(to) + ": ";
             QVERIFY2((printed + errors).startsWith(start) && errors.endsWith(u'\n') &&
                          errors.size() > start.size() + 1 && errors.count(u'\n') == 1,
@@ -588,10 +563,10 @@ class TestQxf : public FormFixture {
 
         const QString unnamed = dir.filePath("unnamed.R20");
         QVERIFY(WriteBytes(unnamed, ReadBytes(first).replace("NAME \"Lumenfab\"", "NAME \"\"")));
-        QCOMPARE(Run({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
+        QCOMPARE(RunLibraryCommand({"--check", first, unnamed, "--mode", "2", qxf}, &printed), 1);
         QCOMPARE(printed, native(first + ": ok\n" + unnamed + ": Manifacturer cannot be empty!\n" +
                                  qxf + " (mode \"Mode 2\"): ok\n"));
-        QCOMPARE(Run({"--check", first}), 0);
+        QCOMPARE(RunLibraryCommand({"--check", first}), 0);
 
         QVERIFY(OpenFixtureFile(form(), qxf, QStringLiteral("Mode 1")));
         goToPage(3);
@@ -607,7 +582,7 @@ class TestQxf : public FormFixture {
             many << dir.filePath(QStringLiteral("copy%1.qxf").arg(i));
             QVERIFY(QFile::copy(qxf, many.last()));
         }
-        QCOMPARE(Run(QStringList{"--check"} + many, &printed, nullptr, true), 0);
+        QCOMPARE(RunLibraryCommand(QStringList{"--check"} + many, &printed, nullptr, true), 0);
         const QStringList lines = printed.split(u'\n');
         QCOMPARE(lines.size(), 51 * 3 + 1);
         for (const QString& l : lines.mid(3))
@@ -622,7 +597,9 @@ class TestQxf : public FormFixture {
         std::filesystem::copy_file(common::SystemPath(qxf),
                                    common::SystemPath(common::FromSystemBytes(latin)), copied);
         QVERIFY2(!copied, copied.message().c_str());
-        QCOMPARE(Run({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed), 0);
+        QCOMPARE(
+            RunLibraryCommand({"--check", "--mode", "1", common::FromSystemBytes(latin)}, &printed),
+            0);
         QCOMPARE(printed, native(common::FromSystemBytes(latin)) + " (mode \"Mode 1\"): ok\n");
 
         // A link in the folder is never written through, not even with --force; a file of
@@ -640,7 +617,7 @@ class TestQxf : public FormFixture {
         const QString linked = " is a symbolic link: left as it is\n";
         QStringList arguments{"--convert", "--to", out, qxf, dir.path() + "/./beam.qxf", unnamed};
         for (int run = 0; run < 2; ++run, arguments << "--force") {
-            QCOMPARE(Run(arguments, &printed, &errors), 1);
+            QCOMPARE(RunLibraryCommand(arguments, &printed, &errors), 1);
             QCOMPARE(printed,
                      out + "/Lumenfab-Beam575-Mode1-2.R20\n" + out + "/_-Beam575-Mode1.R20\n");
             QCOMPARE(errors, qxf +
@@ -709,7 +686,8 @@ class TestQxf : public FormFixture {
         setrlimit(RLIMIT_FSIZE, &small);
 #endif
         QString printed;
-        const int code = Run({"--convert", "--to", out, qxf}, &printed, nullptr, true);
+        const int code =
+            RunLibraryCommand({"--convert", "--to", out, qxf}, &printed, nullptr, true);
 #ifndef Q_OS_WIN
         setrlimit(RLIMIT_FSIZE, &limit);
 #endif
@@ -750,9 +728,9 @@ class TestQxf : public FormFixture {
                                     .replace("Beam 575", n[1].toUtf8())
                                     .replace("\"Mode 1\"", '"' + n[2].toUtf8() + '"')));
         QString printed, errors;
-        QCOMPARE(Run({"--convert", "--to", out, qxf}, &printed), 0);
+        QCOMPARE(RunLibraryCommand({"--convert", "--to", out, qxf}, &printed), 0);
         QCOMPARE(printed, QDir::toNativeSeparators(out + u'/' + file + u'\n'));
-        QCOMPARE(Run({"--convert", "--to", out, qxf}, nullptr, &errors), 1);
+        QCOMPARE(RunLibraryCommand({"--convert", "--to", out, qxf}, nullptr, &errors), 1);
         QVERIFY2(errors.trimmed().size() < 200 && errors.endsWith(" exists; --force replaces it\n"),
                  qPrintable(errors));
     }

@@ -5,6 +5,7 @@
 #include <QJsonValue>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QTest>
 #include <memory>
 
@@ -62,6 +63,14 @@ inline QByteArray ReadBytes(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
 }
+
+// Runs --convert or --check in this process, its two streams caught in files (on a
+// `terminal`, one stream) and read back as the system's text; -1 when less of them had reached
+// the files when it returned than there was to read after (a line kept back). With
+// `matchWildcards`, "*" and "?" in the files named are matched as on Windows.
+int RunLibraryCommand(const QStringList& arguments, QString* printed = nullptr,
+                      QString* errors = nullptr, bool terminal = false,
+                      bool matchWildcards = false);
 
 // Every test program: each file registers its test class, and the one main of the test
 // support runs them in turn inside the program's own application object, so that the widgets
